@@ -1,0 +1,38 @@
+# Language level, warnings and sanitizers, for our own targets only.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+
+add_library(zeph_compiler_settings INTERFACE)
+target_compile_definitions(zeph_compiler_settings INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+# For the whole target, unlike the other warnings: with it a precompiled header fits only files that
+# have it, too.
+target_compile_options(zeph_compiler_settings INTERFACE -Wpedantic)
+
+if(ZEPH_SANITIZE)
+    target_compile_options(zeph_compiler_settings INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(zeph_compiler_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# Warnings are errors in the files that we write; what Qt's tools generate is not ours to mend.
+function(zeph_enable_warnings target)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    foreach(source IN LISTS sources)
+        cmake_path(ABSOLUTE_PATH source NORMALIZE)
+        cmake_path(IS_PREFIX CMAKE_BINARY_DIR "${source}" generated)
+        if(NOT generated)
+            set_property(SOURCE "${source}" APPEND PROPERTY COMPILE_OPTIONS
+                -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+                -Wimplicit-fallthrough -Wconversion -Wno-sign-conversion -Werror)
+        endif()
+    endforeach()
+endfunction()

@@ -1,0 +1,35 @@
+# One static library per folder under src/. Headers are included by folder ("platform/Delay.h"), so
+# that an include line tells which layer it reaches into.
+
+function(zeph_configure_target target)
+    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${target} PRIVATE zeph_compiler_settings)
+    zeph_enable_warnings(${target})
+    # Half of the build time of a small file is Qt's own headers.
+    target_precompile_headers(${target} PRIVATE
+        <QtCore/QObject> <QtCore/QString> <QtCore/QUrl> <QtCore/QVariant>
+        <functional> <memory> <optional>)
+endfunction()
+
+function(zeph_add_library target)
+    qt_add_library(${target} STATIC ${ARGN})
+    zeph_configure_target(${target})
+endfunction()
+
+# A library whose types, and QML files if it has any, make up the QML module `uri`.
+function(zeph_add_qml_library target uri)
+    cmake_parse_arguments(arg "" "" "SOURCES;QML_FILES;IMPORTS" ${ARGN})
+    qt_add_library(${target} STATIC)
+    string(REPLACE "." "/" module_path ${uri})
+    qt_add_qml_module(${target}
+        URI ${uri}
+        VERSION 1.0
+        RESOURCE_PREFIX /qt/qml
+        OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml/${module_path}"
+        SOURCES ${arg_SOURCES}
+        QML_FILES ${arg_QML_FILES}
+        IMPORTS ${arg_IMPORTS})
+    zeph_configure_target(${target})
+    # The generated type registration includes each header by its bare file name.
+    target_include_directories(${target} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
+endfunction()

@@ -1,0 +1,28 @@
+// A command in a menu: its title, and at the far end its key.
+import QtQuick
+import QtQuick.Controls
+import ZephPlayer.App
+
+MenuItem {
+    id: item
+
+    required property MenuCommand modelData
+
+    action: Action {
+        text: item.modelData.title
+        shortcut: item.modelData.shortcut
+        onTriggered: item.modelData.trigger()
+    }
+
+    Accessible.name: modelData.title
+
+    Label {
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        text: item.modelData.shortcut
+        opacity: 0.6
+        color: item.highlighted ? item.palette.highlightedText : item.palette.text
+        Accessible.ignored: true
+    }
+}

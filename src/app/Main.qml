@@ -1,0 +1,37 @@
+// The main window.
+import QtQuick
+import QtQuick.Controls
+import ZephPlayer.App
+import ZephPlayer.Library
+import ZephPlayer.Player
+
+ApplicationWindow {
+    id: window
+
+    required property PlayerModel model
+    required property MenuCommands commands
+
+    title: model.title
+    width: 700
+    height: 430
+    minimumWidth: 520
+    minimumHeight: 360
+    visible: true
+    color: "black"
+
+    menuBar: MenuBar {
+        CommandMenu {
+            title: qsTr("&File")
+            commands: window.commands.file
+        }
+        CommandMenu {
+            title: qsTr("&Playback")
+            commands: window.commands.playback
+        }
+    }
+
+    ContentView {
+        anchors.fill: parent
+        model: window.model
+    }
+}

@@ -1,0 +1,41 @@
+// The menu bar.
+#pragma once
+
+#include "app/MenuCommand.h"
+
+#include <QList>
+#include <QObject>
+#include <QQmlEngine>
+
+namespace zeph {
+
+class PlayerModel;
+
+/// The commands of the menus, in order, with titles that follow the model. Main thread only.
+class MenuCommands : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The application owns the menu commands.")
+
+    Q_PROPERTY(QList<zeph::MenuCommand *> file READ file CONSTANT)
+    Q_PROPERTY(QList<zeph::MenuCommand *> playback READ playback CONSTANT)
+
+public:
+    /// `model` outlives the commands.
+    explicit MenuCommands(PlayerModel &model, QObject *parent = nullptr);
+
+    const QList<MenuCommand *> &file() const { return m_file; }
+    const QList<MenuCommand *> &playback() const { return m_playback; }
+
+private:
+    MenuCommand *command(const QString &title, std::function<void()> action,
+                         const QKeySequence &keyEquivalent = {});
+    MenuCommand *divider();
+    MenuCommand *skipCommand(const QString &title, double seconds);
+
+    PlayerModel &m_model;
+    QList<MenuCommand *> m_file;
+    QList<MenuCommand *> m_playback;
+};
+
+} // namespace zeph

@@ -1,0 +1,62 @@
+#include "app/ZephPlayerApp.h"
+
+#include "app/AddressArgument.h"
+
+#include <QApplication>
+#include <QQmlExtensionPlugin>
+#include <QQuickWindow>
+
+#include <clocale>
+
+Q_IMPORT_QML_PLUGIN(ZephPlayer_PlayerPlugin)
+Q_IMPORT_QML_PLUGIN(ZephPlayer_SurfacePlugin)
+Q_IMPORT_QML_PLUGIN(ZephPlayer_LibraryPlugin)
+Q_IMPORT_QML_PLUGIN(ZephPlayer_AppPlugin)
+
+namespace zeph {
+
+int ZephPlayerApp::run(int argc, char *argv[])
+{
+    QCoreApplication::setApplicationName(QStringLiteral("Zeph Player"));
+    QCoreApplication::setOrganizationName(QStringLiteral("ZephPlayer"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("zeph-player"));
+    // The picture is drawn with OpenGL, so the window has to be, too.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
+
+    QApplication application(argc, argv);
+    // The application object takes over the user's locale; libmpv reads numbers as in C.
+    std::setlocale(LC_NUMERIC, "C");
+
+    ZephPlayerApp app;
+    if (!app.showMainWindow())
+        return EXIT_FAILURE;
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() > 1)
+        app.openUrl(addressFromArgument(arguments[1]));
+    return QApplication::exec();
+}
+
+ZephPlayerApp::ZephPlayerApp()
+{
+    QApplication::setQuitOnLastWindowClosed(
+        m_appDelegate.applicationShouldTerminateAfterLastWindowClosed());
+    m_appDelegate.applicationDidFinishLaunching();
+}
+
+bool ZephPlayerApp::showMainWindow()
+{
+    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    m_engine.setInitialProperties({
+        { QStringLiteral("model"), QVariant::fromValue(&m_player) },
+        { QStringLiteral("commands"), QVariant::fromValue(&m_commands) },
+    });
+    m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/ZephPlayer/App/Main.qml")));
+    return !m_engine.rootObjects().isEmpty();
+}
+
+void ZephPlayerApp::openUrl(const QUrl &url)
+{
+    m_player.play(url, url.fileName(), false);
+}
+
+} // namespace zeph

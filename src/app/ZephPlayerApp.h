@@ -1,0 +1,36 @@
+// The application.
+#pragma once
+
+#include "app/MenuCommands.h"
+#include "app/ZephApplicationDelegate.h"
+#include "platform/FilePanels.h"
+#include "player/PlayerModel.h"
+
+#include <QQmlApplicationEngine>
+
+class QUrl;
+
+namespace zeph {
+
+/// Owns the one player model, the menus and the main window for the whole life of the process.
+class ZephPlayerApp {
+public:
+    /// Runs the program; returns its exit status.
+    static int run(int argc, char *argv[]);
+
+    ZephPlayerApp();
+
+    /// Opens the main window. False when it cannot be made.
+    bool showMainWindow();
+    /// The desktop hands over an address or a file.
+    void openUrl(const QUrl &url);
+
+private:
+    ZephApplicationDelegate m_appDelegate;
+    DesktopFilePanels m_panels;
+    PlayerModel m_player { m_panels };
+    MenuCommands m_commands { m_player };
+    QQmlApplicationEngine m_engine;
+};
+
+} // namespace zeph

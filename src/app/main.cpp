@@ -1,0 +1,6 @@
+#include "app/ZephPlayerApp.h"
+
+int main(int argc, char *argv[])
+{
+    return zeph::ZephPlayerApp::run(argc, argv);
+}

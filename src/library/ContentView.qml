@@ -1,0 +1,15 @@
+// What the main window holds.
+import QtQuick
+import ZephPlayer.Player
+import ZephPlayer.Surface
+
+Item {
+    id: content
+
+    required property PlayerModel model
+
+    PlayerSurface {
+        anchors.fill: parent
+        model: content.model
+    }
+}

@@ -1,0 +1,493 @@
+#include "platform/MediaPlayer.h"
+
+#include "platform/MediaAddress.h"
+#include "platform/MpvClient.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace zeph {
+
+namespace {
+
+// What is asked of the engine carries its purpose in the lowest bit, and above it the number of the
+// load or jump that it belongs to.
+enum class Purpose : quint64 { Position = 0, Duration = 1, Item = 0, End = 1 };
+
+quint64 ticket(Purpose purpose, quint64 owner)
+{
+    return owner << 1 | static_cast<quint64>(purpose);
+}
+
+struct ObservedProperty {
+    const char *name;
+    mpv_format format;
+};
+
+constexpr ObservedProperty observedProperties[] = {
+    { "core-idle", MPV_FORMAT_FLAG },
+    { "paused-for-cache", MPV_FORMAT_FLAG },
+    { "cache-buffering-state", MPV_FORMAT_DOUBLE },
+    { "seekable", MPV_FORMAT_FLAG },
+    { "duration", MPV_FORMAT_DOUBLE },
+    { "dwidth", MPV_FORMAT_DOUBLE },
+    { "dheight", MPV_FORMAT_DOUBLE },
+    { "video-params/rotate", MPV_FORMAT_DOUBLE },
+    { "container-fps", MPV_FORMAT_DOUBLE },
+};
+
+} // namespace
+
+MediaPlayer::MediaPlayer(QObject *parent)
+    : QObject(parent)
+{
+    m_observerTimer.setInterval(timeObserverInterval);
+    m_observerTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_observerTimer, &QTimer::timeout, this, &MediaPlayer::requestPosition);
+}
+
+MediaPlayer::~MediaPlayer() = default;
+
+void MediaPlayer::prepare()
+{
+    if (m_client || m_loading.valid() || m_engineMissing)
+        return;
+    m_loading = std::async(std::launch::async, [this] {
+        auto handle = MpvHandle::create();
+        QMetaObject::invokeMethod(this, &MediaPlayer::engineLoaded, Qt::QueuedConnection);
+        return handle;
+    });
+}
+
+void MediaPlayer::engineLoaded()
+{
+    const std::shared_ptr<MpvHandle> handle = m_loading.get();
+    if (!handle) {
+        m_engineMissing = true;
+        openItem();
+        return;
+    }
+    m_client = std::make_unique<MpvClient>(handle);
+    connect(m_client.get(), &MpvClient::loadCommandFinished, this,
+            [this](quint64 load, qint64 entry) {
+                if (load == m_load)
+                    m_entry = entry;
+            });
+    connect(m_client.get(), &MpvClient::fileStarted, this, &MediaPlayer::onFileStarted);
+    connect(m_client.get(), &MpvClient::fileLoaded, this, &MediaPlayer::onFileLoaded);
+    connect(m_client.get(), &MpvClient::fileEnded, this, &MediaPlayer::onFileEnded);
+    connect(m_client.get(), &MpvClient::playbackRestarted, this, &MediaPlayer::onPlaybackRestarted);
+    connect(m_client.get(), &MpvClient::propertyChanged, this,
+            [this](quint64 observation, const QByteArray &property, const QVariant &value) {
+                if (observation >> 1 == m_load)
+                    onPropertyChanged(property, value);
+            });
+    connect(m_client.get(), &MpvClient::numberReceived, this, &MediaPlayer::onNumberReceived);
+
+    m_client->setFlag("pause", !m_playing);
+    setVolume(m_volume);
+    setMuted(m_muted);
+    Q_EMIT engineReady();
+    if (m_stage == Stage::Held)
+        openItem();
+}
+
+// ---- Picture output
+
+std::shared_ptr<MpvHandle> MediaPlayer::engine() const
+{
+    return m_client ? m_client->handle() : nullptr;
+}
+
+void MediaPlayer::attachVideoOutput()
+{
+    m_videoOutput = VideoOutput::Awaited;
+    prepare();
+}
+
+void MediaPlayer::detachVideoOutput()
+{
+    videoOutputLost();
+}
+
+void MediaPlayer::videoOutputReady()
+{
+    m_videoOutput = VideoOutput::Ready;
+    m_client->setText("vo", "libmpv");
+    // Losing an output while playing makes the engine drop the picture; this takes it up again.
+    m_client->setText("vid", "auto");
+    if (m_stage == Stage::Held)
+        openItem();
+}
+
+void MediaPlayer::videoOutputLost()
+{
+    if (std::exchange(m_videoOutput, VideoOutput::None) == VideoOutput::None || !m_client)
+        return;
+    m_client->setText("vo", "null");
+    m_client->setText("vid", "auto");
+    if (m_stage == Stage::Held)
+        openItem();
+}
+
+// ---- The item
+
+void MediaPlayer::replaceCurrentItem(std::unique_ptr<MediaItem> item)
+{
+    if (!item && !m_item)
+        return;
+    const std::unique_ptr<MediaItem> old = std::exchange(m_item, std::move(item));
+    m_liveReload.reset();
+    m_seekWhenOpen.reset();
+    ++m_jumps;
+    setCurrentTime(0);
+    if (m_item) {
+        openItem();
+    } else {
+        ++m_load;
+        m_entry = 0;
+        if (m_client)
+            m_client->command({ "stop" });
+        setStage(Stage::Empty);
+    }
+    Q_EMIT currentItemChanged();
+}
+
+void MediaPlayer::openItem()
+{
+    if (!m_item)
+        return;
+    const std::optional<QByteArray> address = engineAddress(m_item->url());
+    if (!address || m_engineMissing) {
+        failItem(m_engineMissing ? tr("The playback library (libmpv) could not be loaded.")
+                                 : tr("This kind of address cannot be played."));
+        return;
+    }
+    // An item that is opened before there is something to draw on fails as a whole.
+    if (!m_client || m_videoOutput == VideoOutput::Awaited) {
+        setStage(Stage::Held);
+        prepare();
+        return;
+    }
+    m_client->unobserve(ticket(Purpose::Item, m_load));
+    m_client->unobserve(ticket(Purpose::End, m_load));
+    m_entry = 0;
+    m_entryStarted = false;
+    m_client->load(++m_load, *address);
+    setStage(Stage::Opening);
+}
+
+void MediaPlayer::failItem(const QString &errorText)
+{
+    ++m_load;
+    m_entry = 0;
+    if (m_client)
+        m_client->command({ "stop" });
+    setStage(Stage::Failed);
+    m_item->setPlaybackBufferEmpty(true);
+    m_item->setPlaybackLikelyToKeepUp(false);
+    m_item->setFailed(errorText);
+}
+
+void MediaPlayer::onFileStarted(qint64 entry)
+{
+    m_entryStarted = entry == m_entry && m_entry != 0;
+    if (!m_entryStarted)
+        return;
+    // Observing afresh under this load's number makes sure that every value is of this item.
+    m_reported = {};
+    for (const ObservedProperty &property : observedProperties)
+        m_client->observe(ticket(Purpose::Item, m_load), property.name, property.format);
+    observeEnd();
+}
+
+// An observation reports changes since its last report. Between two looks an item can leave its end
+// and reach it again, which is no change: so the end is observed afresh after each jump.
+void MediaPlayer::observeEnd()
+{
+    m_client->unobserve(ticket(Purpose::End, m_load));
+    m_client->observe(ticket(Purpose::End, m_load), "eof-reached", MPV_FORMAT_FLAG);
+}
+
+void MediaPlayer::onFileLoaded()
+{
+    // Whether there is a duration at this moment tells a live stream, whose duration comes later.
+    if (m_entryStarted && m_stage == Stage::Opening)
+        m_client->requestNumber(ticket(Purpose::Duration, m_load), "duration");
+}
+
+void MediaPlayer::onNumberReceived(quint64 number, const QVariant &value)
+{
+    if (number == ticket(Purpose::Duration, m_load) && m_stage == Stage::Opening) {
+        const bool wasLive = m_item->isLive();
+        const bool isLive = !value.isValid() && !m_item->url().isLocalFile();
+        m_item->setReadyToPlay(isLive);
+        m_item->setDuration(value.toDouble());
+        // A live stream that comes back with an end is over: show that end, not all of it again.
+        if (wasLive && !isLive)
+            m_seekWhenOpen = m_item->duration();
+        itemOpened();
+    } else if (number == ticket(Purpose::Position, m_jumps) && value.isValid()
+               && m_stage == Stage::Open) {
+        setCurrentTime(value.toDouble());
+    }
+}
+
+void MediaPlayer::itemOpened()
+{
+    setStage(Stage::Open);
+    updatePresentationSize();
+    updateBuffering();
+    if (const auto seconds = std::exchange(m_seekWhenOpen, {}))
+        seekInItem(*seconds);
+    else if (m_reported.ended)
+        itemEnded();
+}
+
+void MediaPlayer::onFileEnded(qint64 entry, const QString &error)
+{
+    if (entry != m_entry || m_entry == 0)
+        return;
+    if (m_stage == Stage::Open || m_item->isLive())
+        itemEnded();
+    else
+        failItem(error.isEmpty() ? tr("There is nothing to play at this address.") : error);
+}
+
+void MediaPlayer::itemEnded()
+{
+    if (m_item->isLive()) {
+        dropped();
+        return;
+    }
+    setStage(Stage::Ended);
+    if (m_item->duration() > 0)
+        setCurrentTime(m_item->duration());
+    setPlaying(false);
+}
+
+// The end of a live stream is a loss: its source went away, and may come back.
+void MediaPlayer::dropped()
+{
+    setStage(Stage::Dropped);
+    m_item->setPlaybackBufferEmpty(true);
+    m_item->setPlaybackLikelyToKeepUp(false);
+    if (m_playing)
+        m_liveReload.schedule([this] { openItem(); });
+}
+
+void MediaPlayer::setStage(Stage stage)
+{
+    m_stage = stage;
+    updateTimeControlStatus();
+}
+
+// ---- Rate
+
+void MediaPlayer::play()
+{
+    if (m_playing)
+        return;
+    const bool fromEnd = m_stage == Stage::Ended;
+    if (fromEnd && m_reported.seekable)
+        seekInItem(0);
+    else if (fromEnd || m_stage == Stage::Failed || m_stage == Stage::Dropped)
+        openItem();
+    setPlaying(true);
+}
+
+void MediaPlayer::pause()
+{
+    setPlaying(false);
+    m_liveReload.cancel();
+}
+
+void MediaPlayer::setPlaying(bool playing)
+{
+    if (m_playing == playing)
+        return;
+    m_playing = playing;
+    if (m_client)
+        m_client->setFlag("pause", !playing);
+    Q_EMIT rateChanged();
+    updateTimeControlStatus();
+    notifyTimeObservers();
+}
+
+void MediaPlayer::updateTimeControlStatus()
+{
+    const bool moving = m_stage == Stage::Open && !m_reported.idle;
+    const auto status = !m_playing ? TimeControlStatus::Paused
+        : moving                   ? TimeControlStatus::Playing
+                                   : TimeControlStatus::WaitingToPlayAtSpecifiedRate;
+    if (std::exchange(m_timeControlStatus, status) == status)
+        return;
+
+    if (status == TimeControlStatus::Playing) {
+        m_observerTimer.start();
+        if (m_item->isLive())
+            m_liveReload.streamStarted();
+    } else {
+        m_observerTimer.stop();
+    }
+    requestPosition();
+    Q_EMIT timeControlStatusChanged();
+}
+
+// ---- What the engine reports
+
+void MediaPlayer::onPropertyChanged(const QByteArray &property, const QVariant &value)
+{
+    if (property == "core-idle") {
+        m_reported.idle = value.toBool();
+        updateTimeControlStatus();
+    } else if (property == "eof-reached") {
+        m_reported.ended = value.toBool();
+        if (m_reported.ended && m_stage == Stage::Open)
+            itemEnded();
+    } else if (property == "paused-for-cache") {
+        m_reported.stalled = value.toBool();
+        updateBuffering();
+    } else if (property == "cache-buffering-state") {
+        m_reported.bufferingPercent = value.toDouble();
+        updateBuffering();
+    } else if (property == "seekable") {
+        m_reported.seekable = value.toBool();
+    } else if (property == "duration") {
+        if (m_stage == Stage::Open)
+            m_item->setDuration(value.toDouble());
+    } else if (property == "dwidth") {
+        m_reported.width = value.toDouble();
+        updatePresentationSize();
+    } else if (property == "dheight") {
+        m_reported.height = value.toDouble();
+        updatePresentationSize();
+    } else if (property == "video-params/rotate") {
+        m_reported.rotation = value.toDouble();
+        updatePresentationSize();
+    } else if (property == "container-fps") {
+        m_reported.framesPerSecond = value.toDouble();
+    }
+}
+
+void MediaPlayer::updateBuffering()
+{
+    if (m_stage != Stage::Open && m_stage != Stage::Ended)
+        return;
+    m_item->setPlaybackBufferEmpty(m_reported.stalled);
+    m_item->setPlaybackLikelyToKeepUp(!m_reported.stalled && m_reported.bufferingPercent >= 100);
+}
+
+void MediaPlayer::updatePresentationSize()
+{
+    if (m_stage != Stage::Open && m_stage != Stage::Ended)
+        return;
+    QSizeF size(m_reported.width, m_reported.height);
+    if (std::fmod(m_reported.rotation, 180) != 0)
+        size.transpose();
+    m_item->setPresentationSize(size);
+    notifyTimeObservers();
+}
+
+// ---- Time
+
+void MediaPlayer::seek(double seconds)
+{
+    if (!m_item || !std::isfinite(seconds))
+        return;
+    const double target = std::max(seconds, 0.0);
+    if (m_stage == Stage::Open || m_stage == Stage::Ended)
+        seekInItem(target);
+    else if (m_stage == Stage::Held || m_stage == Stage::Opening)
+        m_seekWhenOpen = target;
+}
+
+void MediaPlayer::seekInItem(double seconds)
+{
+    if (!m_reported.seekable)
+        return;
+    // The engine shows the first picture at or after the time that it is given, less 5 ms. The
+    // picture of a time is the one that began before it, up to one frame earlier.
+    constexpr double engineTolerance = 0.005;
+    constexpr double timestampRounding = 0.001;
+    double target = seconds;
+    if (m_reported.framesPerSecond > 0)
+        target -= 1 / m_reported.framesPerSecond - engineTolerance - timestampRounding;
+    target = std::max(target, 0.0);
+
+    ++m_jumps;
+    setStage(Stage::Open);
+    setCurrentTime(seconds);
+    m_client->command({ "seek", QByteArray::number(target, 'f', 6), "absolute+exact" });
+}
+
+void MediaPlayer::onPlaybackRestarted()
+{
+    if (!m_entryStarted)
+        return;
+    observeEnd();
+    requestPosition();
+}
+
+void MediaPlayer::requestPosition()
+{
+    if (m_client && m_stage == Stage::Open)
+        m_client->requestNumber(ticket(Purpose::Position, m_jumps), "time-pos");
+}
+
+void MediaPlayer::setCurrentTime(double seconds)
+{
+    m_currentTime = seconds;
+    notifyTimeObservers();
+}
+
+int MediaPlayer::addPeriodicTimeObserver(TimeObserver observer)
+{
+    m_observers.push_back({ ++m_lastObserverToken, std::move(observer) });
+    return m_lastObserverToken;
+}
+
+void MediaPlayer::removeTimeObserver(int token)
+{
+    std::erase_if(m_observers, [token](const Observer &observer) { return observer.token == token; });
+}
+
+// Later, and once for several causes: an observer sees the player between two changes, never within.
+void MediaPlayer::notifyTimeObservers()
+{
+    if (std::exchange(m_observersDue, true))
+        return;
+    QMetaObject::invokeMethod(this, &MediaPlayer::callTimeObservers, Qt::QueuedConnection);
+}
+
+void MediaPlayer::callTimeObservers()
+{
+    m_observersDue = false;
+    // A copy: an observer may remove itself.
+    const std::vector<Observer> observers = m_observers;
+    for (const Observer &observer : observers)
+        observer.call(m_currentTime);
+}
+
+// ---- Sound
+
+void MediaPlayer::setVolume(double volume)
+{
+    if (std::isnan(volume))
+        return;
+    m_volume = std::clamp(volume, 0.0, 1.0);
+    // The engine's scale is cubic, so that it feels even to the ear; ours is amplitude, as in the
+    // web players, so that a volume means the same for every source.
+    if (m_client)
+        m_client->setNumber("volume", 100 * std::cbrt(m_volume));
+}
+
+void MediaPlayer::setMuted(bool muted)
+{
+    m_muted = muted;
+    if (m_client)
+        m_client->setFlag("mute", muted);
+}
+
+} // namespace zeph

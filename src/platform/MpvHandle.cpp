@@ -1,0 +1,90 @@
+#include "platform/MpvHandle.h"
+
+#include <QByteArray>
+
+namespace zeph {
+
+namespace {
+
+struct Option {
+    const char *name;
+    const char *value;
+};
+
+constexpr Option options[] = {
+    // We draw the pictures, once there is something to draw them on (MediaPlayer switches over).
+    { "vo", "null" },
+    { "idle", "yes" },
+    { "hwdec", "auto-safe" },
+    // The item stays at its end, with its last picture, and can be sought in.
+    { "keep-open", "yes" },
+    { "keep-open-pause", "no" },
+    { "hr-seek", "yes" },
+    // Pictures are wanted when they are due: nothing waits between us and the screen.
+    { "video-timing-offset", "0" },
+    // A machine without a sound device plays on in silence.
+    { "audio-fallback-to-null", "yes" },
+    { "audio-client-name", "Zeph Player" },
+    { "network-timeout", "10" },
+
+    // Nothing of the user's other players, and nothing that is not in the file asked for.
+    { "config", "no" },
+    { "terminal", "no" },
+    { "load-scripts", "no" },
+    { "ytdl", "no" },
+    { "osc", "no" },
+    { "osd-level", "0" },
+    { "input-default-bindings", "no" },
+    { "autoload-files", "no" },
+    { "sub-auto", "no" },
+    { "ordered-chapters", "no" },
+
+    // Addresses are untrusted. Only this demuxer: the others read lists of further files. And no
+    // "file" among the protocols that a playlist may name, or a channel could read the disk.
+    { "tls-verify", "yes" },
+    { "demuxer", "lavf" },
+    { "demuxer-lavf-o",
+      "protocol_whitelist=[http,https,httpproxy,tcp,tls,crypto,data,rtp,rtmp,udp,srt]" },
+};
+
+bool setUp(const MpvLibrary &mpv, mpv_handle *handle)
+{
+    for (const Option &option : options) {
+        if (mpv.set_option_string(handle, option.name, option.value) < 0)
+            return false;
+    }
+    // The variable by which a user names certificate authorities of their own.
+    if (const QByteArray authorities = qgetenv("SSL_CERT_FILE"); !authorities.isEmpty())
+        mpv.set_option_string(handle, "tls-ca-file", authorities.constData());
+    return mpv.initialize(handle) >= 0;
+}
+
+} // namespace
+
+std::shared_ptr<MpvHandle> MpvHandle::create()
+{
+    const MpvLibrary *mpv = MpvLibrary::load();
+    if (!mpv)
+        return nullptr;
+    mpv_handle *handle = mpv->create();
+    if (!handle)
+        return nullptr;
+    if (!setUp(*mpv, handle)) {
+        mpv->terminate_destroy(handle);
+        return nullptr;
+    }
+    return std::shared_ptr<MpvHandle>(new MpvHandle(*mpv, handle));
+}
+
+MpvHandle::MpvHandle(const MpvLibrary &library, mpv_handle *handle)
+    : m_library(library)
+    , m_handle(handle)
+{
+}
+
+MpvHandle::~MpvHandle()
+{
+    m_library.terminate_destroy(m_handle);
+}
+
+} // namespace zeph

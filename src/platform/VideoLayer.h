@@ -1,0 +1,36 @@
+// Where a media player's picture appears in a scene.
+#pragma once
+
+#include <QPointer>
+#include <QQuickItem>
+
+namespace zeph {
+
+class MediaPlayer;
+
+/// A scene item that shows the picture of a `MediaPlayer`, letterboxed in black to its own size.
+///
+/// The window must render with OpenGL. Under another backend nothing is ever drawn and the player
+/// waits for the layer in vain; leave such a player without one. Main thread only, apart from the
+/// scene graph's own calls.
+class VideoLayer : public QQuickItem {
+    Q_OBJECT
+
+public:
+    explicit VideoLayer(QQuickItem *parent = nullptr);
+    ~VideoLayer() override;
+
+    MediaPlayer *player() const { return m_player; }
+    /// Null detaches. A player has at most one layer.
+    void setPlayer(MediaPlayer *player);
+
+protected:
+    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData &value) override;
+
+private:
+    QPointer<MediaPlayer> m_player;
+};
+
+} // namespace zeph
