@@ -33,7 +33,7 @@ constexpr ObservedProperty observedProperties[] = {
     { "duration", MPV_FORMAT_DOUBLE },
     { "dwidth", MPV_FORMAT_DOUBLE },
     { "dheight", MPV_FORMAT_DOUBLE },
-    { "video-params/rotate", MPV_FORMAT_DOUBLE },
+    { "video-out-params/rotate", MPV_FORMAT_DOUBLE },
     { "container-fps", MPV_FORMAT_DOUBLE },
 };
 
@@ -111,9 +111,11 @@ void MediaPlayer::detachVideoOutput()
     videoOutputLost();
 }
 
-void MediaPlayer::videoOutputReady()
+void MediaPlayer::videoOutputReady(bool openGL)
 {
     m_videoOutput = VideoOutput::Ready;
+    // Without OpenGL there is no GPU, and looking for its decoders only costs time.
+    m_client->setText("hwdec", openGL ? "auto-safe" : "no");
     m_client->setText("vo", "libmpv");
     // Losing an output while playing makes the engine drop the picture; this takes it up again.
     m_client->setText("vid", "auto");
@@ -363,7 +365,7 @@ void MediaPlayer::onPropertyChanged(const QByteArray &property, const QVariant &
     } else if (property == "dheight") {
         m_reported.height = value.toDouble();
         updatePresentationSize();
-    } else if (property == "video-params/rotate") {
+    } else if (property == "video-out-params/rotate") {
         m_reported.rotation = value.toDouble();
         updatePresentationSize();
     } else if (property == "container-fps") {

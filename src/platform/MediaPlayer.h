@@ -121,8 +121,8 @@ private:
     std::shared_ptr<MpvHandle> engine() const;
     void attachVideoOutput();
     void detachVideoOutput();
-    bool awaitsVideoOutput() const { return m_videoOutput != VideoOutput::Ready; }
-    void videoOutputReady();
+    bool hasVideoOutput() const { return m_videoOutput == VideoOutput::Ready; }
+    void videoOutputReady(bool openGL);
     void videoOutputLost();
 
     void engineLoaded();

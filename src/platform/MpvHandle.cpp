@@ -15,7 +15,6 @@ constexpr Option options[] = {
     // We draw the pictures, once there is something to draw them on (MediaPlayer switches over).
     { "vo", "null" },
     { "idle", "yes" },
-    { "hwdec", "auto-safe" },
     // The item stays at its end, with its last picture, and can be sought in.
     { "keep-open", "yes" },
     { "keep-open-pause", "no" },

@@ -1,7 +1,7 @@
 #include "platform/VideoLayer.h"
 
 #include "platform/MediaPlayer.h"
-#include "platform/VideoRenderer.h"
+#include "platform/VideoNode.h"
 
 #include <QQuickWindow>
 
@@ -36,29 +36,45 @@ void VideoLayer::setPlayer(MediaPlayer *player)
     update();
 }
 
+// The main thread stands still while this runs, so the player may be looked at; it may not be called,
+// because what it does in answer belongs in the main thread.
 QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
-    auto *renderer = static_cast<VideoRenderer *>(node);
+    auto *video = static_cast<VideoNode *>(node);
     const std::shared_ptr<MpvHandle> engine = m_player ? m_player->engine() : nullptr;
-    if (renderer && renderer->engine() != engine) {
-        delete renderer;
-        renderer = nullptr;
+    if (video && video->canvas().engine() != engine) {
+        delete video;
+        video = nullptr;
     }
     if (!engine || width() < 1 || height() < 1)
-        return renderer;
+        return video;
 
-    if (!renderer) {
-        // Signals of the renderer come from the render thread or the engine's, so they are queued.
-        renderer = new VideoRenderer(window(), engine);
-        connect(renderer, &VideoRenderer::frameReady, this, &QQuickItem::update, Qt::QueuedConnection);
-        connect(renderer, &QObject::destroyed, m_player, &MediaPlayer::videoOutputLost,
+    if (!video) {
+        std::unique_ptr<VideoCanvas> canvas = createCanvas();
+        if (!canvas) {
+            QMetaObject::invokeMethod(m_player, &MediaPlayer::videoOutputLost, Qt::QueuedConnection);
+            return nullptr;
+        }
+        video = new VideoNode(window(), std::move(canvas));
+        connect(video, &VideoNode::pictureDue, this, &QQuickItem::update, Qt::QueuedConnection);
+        connect(video, &QObject::destroyed, m_player, &MediaPlayer::videoOutputLost,
                 Qt::QueuedConnection);
     }
-    // The main thread stands still while this runs, so the player may be looked at.
-    if (m_player->awaitsVideoOutput())
-        QMetaObject::invokeMethod(m_player, &MediaPlayer::videoOutputReady, Qt::QueuedConnection);
-    renderer->setGeometry(boundingRect(), window()->effectiveDevicePixelRatio());
-    return renderer;
+    if (!m_player->hasVideoOutput()) {
+        const auto ready = [player = m_player.data(), openGL = video->canvas().usesOpenGL()] {
+            player->videoOutputReady(openGL);
+        };
+        QMetaObject::invokeMethod(m_player, ready, Qt::QueuedConnection);
+    }
+    video->setGeometry(boundingRect(), window()->effectiveDevicePixelRatio());
+    return video;
+}
+
+std::unique_ptr<VideoCanvas> VideoLayer::createCanvas() const
+{
+    if (window()->rendererInterface()->graphicsApi() != QSGRendererInterface::OpenGL)
+        return nullptr;
+    return VideoCanvas::create(m_player->engine());
 }
 
 void VideoLayer::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)

@@ -4,15 +4,17 @@
 #include <QPointer>
 #include <QQuickItem>
 
+#include <memory>
+
 namespace zeph {
 
 class MediaPlayer;
+class VideoCanvas;
 
 /// A scene item that shows the picture of a `MediaPlayer`, letterboxed in black to its own size.
 ///
-/// The window must render with OpenGL. Under another backend nothing is ever drawn and the player
-/// waits for the layer in vain; leave such a player without one. Main thread only, apart from the
-/// scene graph's own calls.
+/// The window must render with OpenGL; under another backend the layer stays empty, and the player
+/// plays without it. Main thread only, apart from the scene graph's own calls.
 class VideoLayer : public QQuickItem {
     Q_OBJECT
 
@@ -30,6 +32,8 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData &value) override;
 
 private:
+    std::unique_ptr<VideoCanvas> createCanvas() const;
+
     QPointer<MediaPlayer> m_player;
 };
 
