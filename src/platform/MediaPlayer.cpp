@@ -11,13 +11,14 @@ namespace zeph {
 
 namespace {
 
-// What is asked of the engine carries its purpose in the lowest bit, and above it the number of the
-// load or jump that it belongs to.
-enum class Purpose : quint64 { Position = 0, Duration = 1, Item = 0, End = 1 };
+// What is asked of the engine carries its purpose in the lowest bits, and above them the number of
+// the load or jump that it belongs to.
+enum class Purpose : quint64 { Position, Landing, Duration, Seekable, FrameRate, Item, End };
+constexpr int purposeBits = 3;
 
 quint64 ticket(Purpose purpose, quint64 owner)
 {
-    return owner << 1 | static_cast<quint64>(purpose);
+    return owner << purposeBits | static_cast<quint64>(purpose);
 }
 
 struct ObservedProperty {
@@ -29,12 +30,11 @@ constexpr ObservedProperty observedProperties[] = {
     { "core-idle", MPV_FORMAT_FLAG },
     { "paused-for-cache", MPV_FORMAT_FLAG },
     { "cache-buffering-state", MPV_FORMAT_DOUBLE },
-    { "seekable", MPV_FORMAT_FLAG },
     { "duration", MPV_FORMAT_DOUBLE },
     { "dwidth", MPV_FORMAT_DOUBLE },
     { "dheight", MPV_FORMAT_DOUBLE },
     { "video-out-params/rotate", MPV_FORMAT_DOUBLE },
-    { "container-fps", MPV_FORMAT_DOUBLE },
+    { "current-tracks/video/demux-rotation", MPV_FORMAT_DOUBLE },
 };
 
 } // namespace
@@ -80,10 +80,10 @@ void MediaPlayer::engineLoaded()
     connect(m_client.get(), &MpvClient::playbackRestarted, this, &MediaPlayer::onPlaybackRestarted);
     connect(m_client.get(), &MpvClient::propertyChanged, this,
             [this](quint64 observation, const QByteArray &property, const QVariant &value) {
-                if (observation >> 1 == m_load)
+                if (observation >> purposeBits == m_load)
                     onPropertyChanged(property, value);
             });
-    connect(m_client.get(), &MpvClient::numberReceived, this, &MediaPlayer::onNumberReceived);
+    connect(m_client.get(), &MpvClient::answered, this, &MediaPlayer::onAnswer);
 
     m_client->setFlag("pause", !m_playing);
     setVolume(m_volume);
@@ -98,6 +98,11 @@ void MediaPlayer::engineLoaded()
 std::shared_ptr<MpvHandle> MediaPlayer::engine() const
 {
     return m_client ? m_client->handle() : nullptr;
+}
+
+int MediaPlayer::pictureRotation() const
+{
+    return m_engineTurnsPictures ? 0 : int(m_reported.trackRotation);
 }
 
 void MediaPlayer::attachVideoOutput()
@@ -116,9 +121,8 @@ void MediaPlayer::videoOutputReady(bool openGL)
     m_videoOutput = VideoOutput::Ready;
     // Without OpenGL there is no GPU, and looking for its decoders only costs time.
     m_client->setText("hwdec", openGL ? "auto-safe" : "no");
+    setEngineTurnsPictures(openGL);
     m_client->setText("vo", "libmpv");
-    // Losing an output while playing makes the engine drop the picture; this takes it up again.
-    m_client->setText("vid", "auto");
     if (m_stage == Stage::Held)
         openItem();
 }
@@ -128,9 +132,17 @@ void MediaPlayer::videoOutputLost()
     if (std::exchange(m_videoOutput, VideoOutput::None) == VideoOutput::None || !m_client)
         return;
     m_client->setText("vo", "null");
-    m_client->setText("vid", "auto");
+    setEngineTurnsPictures(true);
     if (m_stage == Stage::Held)
         openItem();
+}
+
+// Drawing on the CPU, libmpv ends the process when it is to turn a picture.
+void MediaPlayer::setEngineTurnsPictures(bool turns)
+{
+    m_engineTurnsPictures = turns;
+    m_client->setText("video-rotate", turns ? "0" : "no");
+    Q_EMIT pictureRotationChanged();
 }
 
 // ---- The item
@@ -142,6 +154,9 @@ void MediaPlayer::replaceCurrentItem(std::unique_ptr<MediaItem> item)
     const std::unique_ptr<MediaItem> old = std::exchange(m_item, std::move(item));
     m_liveReload.reset();
     m_seekWhenOpen.reset();
+    m_seekTarget.reset();
+    m_lastLanding.reset();
+    m_seekLead = 0;
     ++m_jumps;
     setCurrentTime(0);
     if (m_item) {
@@ -214,34 +229,45 @@ void MediaPlayer::observeEnd()
 
 void MediaPlayer::onFileLoaded()
 {
-    // Whether there is a duration at this moment tells a live stream, whose duration comes later.
-    if (m_entryStarted && m_stage == Stage::Opening)
-        m_client->requestNumber(ticket(Purpose::Duration, m_load), "duration");
+    if (!m_entryStarted || m_stage != Stage::Opening)
+        return;
+    // Answers come in the order of the questions: with the last the item is open.
+    m_client->request(ticket(Purpose::Seekable, m_load), "seekable", MPV_FORMAT_FLAG);
+    m_client->request(ticket(Purpose::FrameRate, m_load), "container-fps", MPV_FORMAT_DOUBLE);
+    m_client->request(ticket(Purpose::Duration, m_load), "duration", MPV_FORMAT_DOUBLE);
 }
 
-void MediaPlayer::onNumberReceived(quint64 number, const QVariant &value)
+void MediaPlayer::onAnswer(quint64 question, const QVariant &value)
 {
-    if (number == ticket(Purpose::Duration, m_load) && m_stage == Stage::Opening) {
-        const bool wasLive = m_item->isLive();
-        const bool isLive = !value.isValid() && !m_item->url().isLocalFile();
-        m_item->setReadyToPlay(isLive);
-        m_item->setDuration(value.toDouble());
-        // A live stream that comes back with an end is over: show that end, not all of it again.
-        if (wasLive && !isLive)
-            m_seekWhenOpen = m_item->duration();
-        itemOpened();
-    } else if (number == ticket(Purpose::Position, m_jumps) && value.isValid()
-               && m_stage == Stage::Open) {
-        setCurrentTime(value.toDouble());
+    if (question == ticket(Purpose::Position, m_jumps)) {
+        if (value.isValid() && m_stage == Stage::Open)
+            setCurrentTime(value.toDouble());
+    } else if (question == ticket(Purpose::Landing, m_jumps)) {
+        if (value.isValid() && m_stage == Stage::Open)
+            landed(value.toDouble());
+    } else if (question == ticket(Purpose::Seekable, m_load)) {
+        m_reported.seekable = value.toBool();
+    } else if (question == ticket(Purpose::FrameRate, m_load)) {
+        m_reported.framesPerSecond = value.toDouble();
+    } else if (question == ticket(Purpose::Duration, m_load)) {
+        itemOpened(value);
     }
 }
 
-void MediaPlayer::itemOpened()
+// Whether there is a duration at this moment tells a live stream, whose duration comes later.
+void MediaPlayer::itemOpened(const QVariant &duration)
 {
+    const bool wasLive = m_item->isLive();
+    const bool isLive = !duration.isValid() && !m_item->url().isLocalFile();
     setStage(Stage::Open);
+    m_item->setReadyToPlay(isLive);
+    m_item->setDuration(duration.toDouble());
     updatePresentationSize();
     updateBuffering();
-    if (const auto seconds = std::exchange(m_seekWhenOpen, {}))
+    // A live stream that comes back with an end is over: show that end, not all of it again.
+    if (wasLive && !isLive)
+        seekInItem(m_item->duration());
+    else if (const auto seconds = std::exchange(m_seekWhenOpen, {}))
         seekInItem(*seconds);
     else if (m_reported.ended)
         itemEnded();
@@ -354,8 +380,6 @@ void MediaPlayer::onPropertyChanged(const QByteArray &property, const QVariant &
     } else if (property == "cache-buffering-state") {
         m_reported.bufferingPercent = value.toDouble();
         updateBuffering();
-    } else if (property == "seekable") {
-        m_reported.seekable = value.toBool();
     } else if (property == "duration") {
         if (m_stage == Stage::Open)
             m_item->setDuration(value.toDouble());
@@ -368,8 +392,10 @@ void MediaPlayer::onPropertyChanged(const QByteArray &property, const QVariant &
     } else if (property == "video-out-params/rotate") {
         m_reported.rotation = value.toDouble();
         updatePresentationSize();
-    } else if (property == "container-fps") {
-        m_reported.framesPerSecond = value.toDouble();
+    } else if (property == "current-tracks/video/demux-rotation") {
+        m_reported.trackRotation = value.toDouble();
+        updatePresentationSize();
+        Q_EMIT pictureRotationChanged();
     }
 }
 
@@ -386,7 +412,7 @@ void MediaPlayer::updatePresentationSize()
     if (m_stage != Stage::Open && m_stage != Stage::Ended)
         return;
     QSizeF size(m_reported.width, m_reported.height);
-    if (std::fmod(m_reported.rotation, 180) != 0)
+    if (std::fmod(m_reported.rotation + pictureRotation(), 180) != 0)
         size.transpose();
     m_item->setPresentationSize(size);
     notifyTimeObservers();
@@ -419,9 +445,31 @@ void MediaPlayer::seekInItem(double seconds)
     target = std::max(target, 0.0);
 
     ++m_jumps;
+    m_seekTarget = seconds;
     setStage(Stage::Open);
     setCurrentTime(seconds);
+    m_client->setNumber("hr-seek-demuxer-offset", m_seekLead);
     m_client->command({ "seek", QByteArray::number(target, 'f', 6), "absolute+exact" });
+}
+
+// A container without an index (MPEG-TS is one) cannot tell where the last key picture before a time
+// is: reading starts somewhere before it, and the first picture may come too late. Then reading has
+// to start earlier, for the rest of the item.
+void MediaPlayer::landed(double position)
+{
+    constexpr double shortestLead = 1;
+    constexpr double longestLead = 64;
+    constexpr double lateness = 0.1;
+    const bool late = m_seekTarget && position > *m_seekTarget + lateness;
+    const bool earlierHelps = position != m_lastLanding && m_seekLead < longestLead;
+    m_lastLanding = position;
+    if (late && earlierHelps && !m_item->isLive()) {
+        m_seekLead = std::max(m_seekLead * 4, shortestLead);
+        seekInItem(*m_seekTarget);
+    } else {
+        m_seekTarget.reset();
+        setCurrentTime(position);
+    }
 }
 
 void MediaPlayer::onPlaybackRestarted()
@@ -429,13 +477,14 @@ void MediaPlayer::onPlaybackRestarted()
     if (!m_entryStarted)
         return;
     observeEnd();
-    requestPosition();
+    if (m_stage == Stage::Open)
+        m_client->request(ticket(Purpose::Landing, m_jumps), "time-pos", MPV_FORMAT_DOUBLE);
 }
 
 void MediaPlayer::requestPosition()
 {
     if (m_client && m_stage == Stage::Open)
-        m_client->requestNumber(ticket(Purpose::Position, m_jumps), "time-pos");
+        m_client->request(ticket(Purpose::Position, m_jumps), "time-pos", MPV_FORMAT_DOUBLE);
 }
 
 void MediaPlayer::setCurrentTime(double seconds)

@@ -82,6 +82,7 @@ Q_SIGNALS:
     void timeControlStatusChanged();
     /// The engine is loaded: a picture output can now draw from it.
     void engineReady();
+    void pictureRotationChanged();
 
 private:
     friend class VideoLayer;
@@ -104,7 +105,8 @@ private:
         bool seekable = false;
         double width = 0;
         double height = 0;
-        double rotation = 0;
+        double rotation = 0;      ///< Degrees, clockwise, that the engine has left to turn.
+        double trackRotation = 0; ///< Degrees, clockwise, that the item asks for.
         double framesPerSecond = 0;
     };
     enum class VideoOutput {
@@ -119,16 +121,19 @@ private:
 
     // For the picture output.
     std::shared_ptr<MpvHandle> engine() const;
+    /// Degrees, clockwise, by which the output has to turn what the engine draws.
+    int pictureRotation() const;
     void attachVideoOutput();
     void detachVideoOutput();
     bool hasVideoOutput() const { return m_videoOutput == VideoOutput::Ready; }
     void videoOutputReady(bool openGL);
     void videoOutputLost();
+    void setEngineTurnsPictures(bool turns);
 
     void engineLoaded();
     void openItem();
     void failItem(const QString &errorText);
-    void itemOpened();
+    void itemOpened(const QVariant &duration);
     void itemEnded();
     void dropped();
     void setStage(Stage stage);
@@ -137,6 +142,7 @@ private:
     void updateBuffering();
     void updatePresentationSize();
     void seekInItem(double seconds);
+    void landed(double position);
     void requestPosition();
     void setCurrentTime(double seconds);
     void notifyTimeObservers();
@@ -148,11 +154,12 @@ private:
     void onPlaybackRestarted();
     void observeEnd();
     void onPropertyChanged(const QByteArray &property, const QVariant &value);
-    void onNumberReceived(quint64 request, const QVariant &value);
+    void onAnswer(quint64 question, const QVariant &value);
 
     std::future<std::shared_ptr<MpvHandle>> m_loading;
     std::unique_ptr<MpvClient> m_client;
     bool m_engineMissing = false;
+    bool m_engineTurnsPictures = true;
     VideoOutput m_videoOutput = VideoOutput::None;
 
     std::unique_ptr<MediaItem> m_item;
@@ -168,6 +175,9 @@ private:
     double m_currentTime = 0;
     quint32 m_jumps = 0; ///< Counts jumps in time: a position asked for before the last is stale.
     std::optional<double> m_seekWhenOpen;
+    std::optional<double> m_seekTarget;  ///< Until the engine has landed there.
+    std::optional<double> m_lastLanding;
+    double m_seekLead = 0; ///< Seconds before the target at which reading starts.
     double m_volume = 1;
     bool m_muted = false;
 

@@ -93,9 +93,9 @@ void MpvClient::unobserve(quint64 observation)
     m_handle->library().unobserve_property(m_handle->get(), observation);
 }
 
-void MpvClient::requestNumber(quint64 request, const char *property)
+void MpvClient::request(quint64 question, const char *property, mpv_format format)
 {
-    m_handle->library().get_property_async(m_handle->get(), request, property, MPV_FORMAT_DOUBLE);
+    m_handle->library().get_property_async(m_handle->get(), question, property, format);
 }
 
 // Called by the core's own threads, once for each of many events.
@@ -131,7 +131,7 @@ void MpvClient::handleEvent(const mpv_event &event)
     case MPV_EVENT_GET_PROPERTY_REPLY: {
         const bool available = event.error >= 0;
         const auto &property = *static_cast<mpv_event_property *>(event.data);
-        Q_EMIT numberReceived(event.reply_userdata, available ? toVariant(property) : QVariant());
+        Q_EMIT answered(event.reply_userdata, available ? toVariant(property) : QVariant());
         break;
     }
     case MPV_EVENT_PROPERTY_CHANGE: {

@@ -35,8 +35,8 @@ public:
     /// `propertyChanged` reports the value now and whenever it changes, under `observation`.
     void observe(quint64 observation, const char *property, mpv_format format);
     void unobserve(quint64 observation);
-    /// `numberReceived` answers once, under `request`.
-    void requestNumber(quint64 request, const char *property);
+    /// `answered` gives the value once, under `question`.
+    void request(quint64 question, const char *property, mpv_format format);
 
 Q_SIGNALS:
     /// `entry` is the number that the core gives to what it loads; it comes back in `fileStarted`
@@ -51,7 +51,7 @@ Q_SIGNALS:
     /// An invalid value means that the property is unavailable.
     void propertyChanged(quint64 observation, const QByteArray &property, const QVariant &value);
     /// An invalid value means that the property is unavailable.
-    void numberReceived(quint64 request, const QVariant &value);
+    void answered(quint64 question, const QVariant &value);
 
 private:
     void scheduleEvents();

@@ -46,12 +46,21 @@ constexpr Option options[] = {
       "protocol_whitelist=[http,https,httpproxy,tcp,tls,crypto,data,rtp,rtmp,udp,srt]" },
 };
 
+// The scripts that are built into libmpv, each a thread and a Lua state of its own, for a user
+// interface that we do not show. Which there are depends on the version.
+constexpr const char *builtInScripts[] = {
+    "load-stats-overlay", "load-osd-console", "load-console",     "load-auto-profiles",
+    "load-select",        "load-positioning", "load-commands",
+};
+
 bool setUp(const MpvLibrary &mpv, mpv_handle *handle)
 {
     for (const Option &option : options) {
         if (mpv.set_option_string(handle, option.name, option.value) < 0)
             return false;
     }
+    for (const char *script : builtInScripts)
+        mpv.set_option_string(handle, script, "no");
     // The variable by which a user names certificate authorities of their own.
     if (const QByteArray authorities = qgetenv("SSL_CERT_FILE"); !authorities.isEmpty())
         mpv.set_option_string(handle, "tls-ca-file", authorities.constData());

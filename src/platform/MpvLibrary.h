@@ -17,6 +17,7 @@ struct MpvLibrary {
     decltype(&::mpv_terminate_destroy) terminate_destroy = nullptr;
     decltype(&::mpv_set_option_string) set_option_string = nullptr;
     decltype(&::mpv_command_async) command_async = nullptr;
+    decltype(&::mpv_set_property_string) set_property_string = nullptr;
     decltype(&::mpv_set_property_async) set_property_async = nullptr;
     decltype(&::mpv_get_property_async) get_property_async = nullptr;
     decltype(&::mpv_observe_property) observe_property = nullptr;

@@ -181,6 +181,9 @@ VideoCanvas::VideoCanvas(std::shared_ptr<MpvHandle> engine, mpv_render_context *
 
 VideoCanvas::~VideoCanvas()
 {
+    // Taking the canvas from under the engine would fail the item that is open. Waits for the
+    // engine, which may wait in turn for its last picture to be drawn, but no longer than 0.2 s.
+    m_engine->library().set_property_string(m_engine->get(), "vo", "null");
     m_engine->library().render_context_free(m_context);
 }
 

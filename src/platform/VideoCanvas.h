@@ -24,6 +24,7 @@ public:
     VideoCanvas &operator=(const VideoCanvas &) = delete;
 
     const std::shared_ptr<MpvHandle> &engine() const { return m_engine; }
+    /// Whether the engine draws with OpenGL. If not, it cannot turn pictures.
     virtual bool usesOpenGL() const = 0;
 
     /// Makes the texture anew, in this size.

@@ -31,6 +31,7 @@ void VideoLayer::setPlayer(MediaPlayer *player)
         // The renderer is made when there is an engine that it can draw from.
         connect(m_player, &MediaPlayer::engineReady, this, &QQuickItem::update);
         connect(m_player, &MediaPlayer::currentItemChanged, this, &QQuickItem::update);
+        connect(m_player, &MediaPlayer::pictureRotationChanged, this, &QQuickItem::update);
         m_player->attachVideoOutput();
     }
     update();
@@ -66,7 +67,8 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
         };
         QMetaObject::invokeMethod(m_player, ready, Qt::QueuedConnection);
     }
-    video->setGeometry(boundingRect(), window()->effectiveDevicePixelRatio());
+    video->setGeometry(size(), window()->effectiveDevicePixelRatio(), m_player->pictureRotation());
+    video->setPictureShown(m_player->currentItem() != nullptr);
     return video;
 }
 

@@ -8,24 +8,61 @@
 
 namespace zeph {
 
+namespace {
+
+// Exact, so that pixels stay on pixels.
+QMatrix4x4 clockwise(int rotation, QSizeF size)
+{
+    const auto width = float(size.width());
+    const auto height = float(size.height());
+    switch (rotation) {
+    case 90:
+        return { 0, -1, 0, width, 1, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1 };
+    case 180:
+        return { -1, 0, 0, width, 0, -1, 0, height, 0, 0, 1, 0, 0, 0, 0, 1 };
+    case 270:
+        return { 0, 1, 0, 0, -1, 0, 0, height, 0, 0, 1, 0, 0, 0, 0, 1 };
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
 VideoNode::VideoNode(QQuickWindow *window, std::unique_ptr<VideoCanvas> canvas)
     : m_window(window)
     , m_canvas(std::move(canvas))
 {
-    setOwnsTexture(true);
+    m_picture.setFlag(OwnedByParent, false);
+    m_picture.setOwnsTexture(true);
     m_canvas->setUpdateCallback(
         [](void *node) { Q_EMIT static_cast<VideoNode *>(node)->pictureDue(); }, this);
     connect(m_window, &QQuickWindow::beforeRendering, this, &VideoNode::drawPicture,
             Qt::DirectConnection);
 }
 
-void VideoNode::setGeometry(const QRectF &rect, double devicePixelRatio)
+void VideoNode::setGeometry(QSizeF size, double devicePixelRatio, int rotation)
 {
-    const QSize pixels = (rect.size() * devicePixelRatio).toSize().expandedTo({ 1, 1 });
+    const QSizeF drawn = rotation % 180 == 0 ? size : size.transposed();
+    const QSize pixels = (drawn * devicePixelRatio).toSize().expandedTo({ 1, 1 });
     if (m_pixels != pixels)
         resizeCanvas(pixels);
-    setRect(rect);
-    markDirty(DirtyMaterial);
+    m_picture.setRect(QRectF(QPointF(), drawn));
+    m_picture.markDirty(DirtyMaterial);
+    setMatrix(clockwise(rotation, size));
+}
+
+void VideoNode::setPictureShown(bool shown)
+{
+    if (shown == (m_picture.parent() != nullptr))
+        return;
+    if (shown) {
+        // What the canvas still holds is of the item before.
+        m_redraw = true;
+        appendChildNode(&m_picture);
+    } else {
+        removeChildNode(&m_picture);
+    }
 }
 
 void VideoNode::resizeCanvas(QSize pixels)
@@ -34,8 +71,9 @@ void VideoNode::resizeCanvas(QSize pixels)
     m_canvas->resize(pixels);
     // Without alpha: blending a picture that covers everything is half the cost of drawing it
     // where there is no GPU.
-    setTexture(QNativeInterface::QSGOpenGLTexture::fromNative(m_canvas->texture(), m_window, pixels));
-    setFiltering(QSGTexture::Nearest);
+    m_picture.setTexture(
+        QNativeInterface::QSGOpenGLTexture::fromNative(m_canvas->texture(), m_window, pixels));
+    m_picture.setFiltering(QSGTexture::Nearest);
     m_redraw = true;
 }
 
