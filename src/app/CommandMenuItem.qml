@@ -8,11 +8,8 @@ MenuItem {
 
     required property MenuCommand modelData
 
-    action: Action {
-        text: item.modelData.title
-        shortcut: item.modelData.shortcut
-        onTriggered: item.modelData.trigger()
-    }
+    text: modelData.title
+    onTriggered: modelData.trigger()
 
     Accessible.name: modelData.title
 

@@ -30,6 +30,17 @@ ApplicationWindow {
         }
     }
 
+    // The keys of the commands work whether or not a menu was ever opened.
+    Instantiator {
+        model: window.commands.withKeys
+        delegate: Shortcut {
+            required property MenuCommand modelData
+
+            sequence: modelData.shortcut
+            onActivated: modelData.trigger()
+        }
+    }
+
     ContentView {
         anchors.fill: parent
         model: window.model

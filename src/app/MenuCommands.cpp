@@ -52,6 +52,13 @@ MenuCommands::MenuCommands(PlayerModel &model, QObject *parent)
             [&model, mute] { mute->setTitle(muteTitle(model)); });
 }
 
+QList<MenuCommand *> MenuCommands::withKeys() const
+{
+    QList<MenuCommand *> commands = m_file + m_playback;
+    commands.removeIf([](const MenuCommand *command) { return command->shortcut().isEmpty(); });
+    return commands;
+}
+
 MenuCommand *MenuCommands::command(const QString &title, std::function<void()> action,
                                    const QKeySequence &keyEquivalent)
 {

@@ -19,6 +19,8 @@ class MenuCommands : public QObject {
 
     Q_PROPERTY(QList<zeph::MenuCommand *> file READ file CONSTANT)
     Q_PROPERTY(QList<zeph::MenuCommand *> playback READ playback CONSTANT)
+    /// Those of all menus that have a key of their own.
+    Q_PROPERTY(QList<zeph::MenuCommand *> withKeys READ withKeys CONSTANT)
 
 public:
     /// `model` outlives the commands.
@@ -26,6 +28,7 @@ public:
 
     const QList<MenuCommand *> &file() const { return m_file; }
     const QList<MenuCommand *> &playback() const { return m_playback; }
+    QList<MenuCommand *> withKeys() const;
 
 private:
     MenuCommand *command(const QString &title, std::function<void()> action,

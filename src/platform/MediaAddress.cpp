@@ -1,6 +1,7 @@
 #include "platform/MediaAddress.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -26,6 +27,9 @@ std::optional<QByteArray> engineAddress(const QUrl &url)
         // begins with a scheme as an address; an absolute path is neither.
         const QString path = url.toLocalFile();
         if (!path.startsWith(QLatin1Char('/')) || path.contains(QChar::Null))
+            return std::nullopt;
+        // The engine plays a folder as a list of all that is in it.
+        if (QFileInfo(path).isDir())
             return std::nullopt;
         return QFile::encodeName(path);
     }

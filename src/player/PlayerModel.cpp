@@ -114,7 +114,7 @@ void PlayerModel::togglePlayback()
 
 void PlayerModel::skip(double seconds)
 {
-    if (std::isnan(seconds))
+    if (!std::isfinite(seconds))
         return;
     if (m_youtubeContent) {
         YouTubePlayerRegistry::shared().evaluate(

@@ -102,7 +102,7 @@ public:
     /// Unloads what plays. It can be played again with `togglePlayback`.
     Q_INVOKABLE void stop();
     Q_INVOKABLE void togglePlayback();
-    /// Back when negative. Not-a-number is ignored.
+    /// Back when negative. A number that is not finite is ignored.
     Q_INVOKABLE void skip(double seconds);
     Q_INVOKABLE void toggleMute();
     /// Limited to 0…1; 0 also mutes. Not-a-number is ignored.

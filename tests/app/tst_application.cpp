@@ -1,0 +1,174 @@
+// The built program as its user meets it: on a screen, with a keyboard.
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPixmap>
+#include <QProcess>
+#include <QScreen>
+#include <QTest>
+
+#include <csignal>
+
+namespace {
+
+QString clipPath(const QString &name)
+{
+    return qEnvironmentVariable("ZEPH_CLIPS") + u'/' + name;
+}
+
+/// What xdotool answers; empty when it fails.
+QString xdotool(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+}
+
+class Program {
+public:
+    explicit Program(const QStringList &arguments = {})
+    {
+        m_process.setProcessChannelMode(QProcess::MergedChannels);
+        m_process.start(qEnvironmentVariable("ZEPH_PLAYER"), arguments);
+        m_process.waitForStarted();
+    }
+
+    ~Program()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+    bool isRunning()
+    {
+        m_process.waitForFinished(0);
+        return m_process.state() != QProcess::NotRunning;
+    }
+    bool endedWell() const
+    {
+        return m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+    }
+    qint64 id() const { return m_process.processId(); }
+
+    /// The number of its window; empty until it shows.
+    QString window() const
+    {
+        const QStringList windows
+            = xdotool({ QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                        QStringLiteral("--pid"), QString::number(id()) })
+                  .split(u'\n', Qt::SkipEmptyParts);
+        return windows.isEmpty() ? QString() : windows.constLast();
+    }
+    QString title() const { return xdotool({ QStringLiteral("getwindowname"), window() }); }
+
+    void press(const QString &keys) const
+    {
+        xdotool({ QStringLiteral("windowfocus"), QStringLiteral("--sync"), window(),
+                  QStringLiteral("key"), keys });
+    }
+
+    QImage screen() const
+    {
+        return QGuiApplication::primaryScreen()->grabWindow(window().toULongLong()).toImage();
+    }
+
+    /// Whether the quarters of the picture have the colours of the colours clip.
+    bool showsColours() const
+    {
+        const QImage image = screen();
+        const auto colour = [&image](double x, double y) {
+            return image.pixelColor(int(x * image.width()), int(y * image.height()));
+        };
+        return !image.isNull() && colour(0.25, 0.35).red() > 200 && colour(0.25, 0.35).green() < 50
+            && colour(0.75, 0.35).green() > 200 && colour(0.75, 0.35).red() < 50
+            && colour(0.25, 0.8).blue() > 200 && colour(0.25, 0.8).green() < 50;
+    }
+
+private:
+    QProcess m_process;
+};
+
+} // namespace
+
+class ApplicationTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void opensEmpty()
+    {
+        Program program;
+        QTRY_COMPARE_WITH_TIMEOUT(program.title(), QStringLiteral("Zeph Player"), 20000);
+        QTRY_COMPARE(program.screen().size(), QSize(700, 430));
+    }
+
+    void playsAFile()
+    {
+        Program program({ clipPath(QStringLiteral("colours.mp4")) });
+        QTRY_VERIFY_WITH_TIMEOUT(program.showsColours(), 20000);
+        QCOMPARE(program.title(), QStringLiteral("colours.mp4"));
+    }
+
+    void playsAnAddress()
+    {
+        Program program(
+            { QUrl::fromLocalFile(clipPath(QStringLiteral("colours.mp4"))).toString() });
+        QTRY_VERIFY_WITH_TIMEOUT(program.showsColours(), 20000);
+    }
+
+    void aFileThatIsMissingLeavesAWorkingWindow()
+    {
+        Program program({ QStringLiteral("/nowhere/at all.mp4") });
+        QTRY_COMPARE_WITH_TIMEOUT(program.title(), QStringLiteral("at all.mp4"), 20000);
+        program.press(QStringLiteral("ctrl+q"));
+        QTRY_VERIFY(!program.isRunning());
+        QVERIFY(program.endedWell());
+    }
+
+    void closingTheWindowEndsTheProcess()
+    {
+        Program program({ clipPath(QStringLiteral("numbered-25.mp4")) });
+        QTRY_COMPARE_WITH_TIMEOUT(program.title(), QStringLiteral("numbered-25.mp4"), 20000);
+        program.press(QStringLiteral("alt+F4")); // The window manager's key.
+        QTRY_VERIFY(!program.isRunning());
+        QVERIFY(program.endedWell());
+    }
+
+    void theMenuOpensFromTheKeyboard()
+    {
+        Program program;
+        QTRY_COMPARE_WITH_TIMEOUT(program.title(), QStringLiteral("Zeph Player"), 20000);
+        QTRY_COMPARE(program.screen().size(), QSize(700, 430));
+        const QImage before = program.screen();
+        program.press(QStringLiteral("alt+p"));
+        QTRY_VERIFY(program.screen() != before);
+        program.press(QStringLiteral("Escape"));
+        QTRY_COMPARE(program.screen(), before);
+    }
+
+    void controlOOpensThePanelAndEscapeClosesIt()
+    {
+        Program program;
+        QTRY_COMPARE_WITH_TIMEOUT(program.title(), QStringLiteral("Zeph Player"), 20000);
+        program.press(QStringLiteral("ctrl+o"));
+        const QStringList search { QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                   QStringLiteral("--name"),
+                                   QStringLiteral("Choose Media to Play") };
+        QTRY_VERIFY(!xdotool(search).isEmpty());
+        xdotool({ QStringLiteral("windowfocus"), QStringLiteral("--sync"), xdotool(search),
+                  QStringLiteral("key"), QStringLiteral("Escape") });
+        QTRY_VERIFY(xdotool(search).isEmpty());
+        QVERIFY(program.isRunning());
+    }
+
+    void aTerminationSignalEndsIt()
+    {
+        Program program;
+        QTRY_COMPARE_WITH_TIMEOUT(program.title(), QStringLiteral("Zeph Player"), 20000);
+        ::kill(pid_t(program.id()), SIGTERM);
+        QTRY_VERIFY(!program.isRunning());
+    }
+};
+
+QTEST_MAIN(ApplicationTest)
+#include "tst_application.moc"

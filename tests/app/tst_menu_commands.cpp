@@ -1,0 +1,161 @@
+// The menus: their lines, in order, and what their titles say.
+#include "app/AddressArgument.h"
+#include "app/MenuCommands.h"
+#include "app/ZephApplicationDelegate.h"
+#include "platform/FilePanels.h"
+#include "player/PlayerModel.h"
+#include "sources/OKVideoContent.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace zeph;
+
+namespace {
+
+class CancellingPanels final : public FilePanels {
+public:
+    int shown = 0;
+    std::optional<QUrl> chooseFile(const OpenPanel &) override
+    {
+        ++shown;
+        return std::nullopt;
+    }
+};
+
+QStringList lines(const QList<MenuCommand *> &commands)
+{
+    QStringList lines;
+    for (const MenuCommand *command : commands) {
+        QString line = command->isDivider() ? QStringLiteral("-") : command->title();
+        if (!command->shortcut().isEmpty())
+            line += QStringLiteral(" (%1)").arg(command->shortcut());
+        lines << line;
+    }
+    return lines;
+}
+
+} // namespace
+
+class MenuCommandsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void file()
+    {
+        PlayerModel model(m_panels);
+        const MenuCommands menus(model);
+        const QStringList expected { QStringLiteral("Open Media… (Ctrl+O)"), QStringLiteral("-"),
+                                     QStringLiteral("Quit (Ctrl+Q)") };
+        QCOMPARE(lines(menus.file()), expected);
+        m_panels.shown = 0;
+        menus.file()[0]->trigger();
+        QCOMPARE(m_panels.shown, 1);
+    }
+
+    void playback()
+    {
+        PlayerModel model(m_panels);
+        const MenuCommands menus(model);
+        const QStringList expected {
+            QStringLiteral("Play"),
+            QStringLiteral("Stop"),
+            QStringLiteral("-"),
+            QStringLiteral("Back 5 Seconds"),
+            QStringLiteral("Forward 5 Seconds"),
+            QStringLiteral("Back 20 Seconds"),
+            QStringLiteral("Forward 20 Seconds"),
+            QStringLiteral("Back 60 Seconds"),
+            QStringLiteral("Forward 60 Seconds"),
+            QStringLiteral("Mute (Ctrl+M)"),
+        };
+        QCOMPARE(lines(menus.playback()), expected);
+    }
+
+    void keys()
+    {
+        PlayerModel model(m_panels);
+        const MenuCommands menus(model);
+        const QStringList expected { QStringLiteral("Open Media… (Ctrl+O)"),
+                                     QStringLiteral("Quit (Ctrl+Q)"),
+                                     QStringLiteral("Mute (Ctrl+M)") };
+        QCOMPARE(lines(menus.withKeys()), expected);
+    }
+
+    void playWithNothingLoadedShowsTheToast()
+    {
+        PlayerModel model(m_panels);
+        const MenuCommands menus(model);
+        QCOMPARE(menus.playback()[0]->title(), QStringLiteral("Play"));
+        menus.playback()[0]->trigger();
+        QCOMPARE(model.toastMessage(),
+                 QStringLiteral(
+                     "No media or URL is available. Open a file or enter a stream URL."));
+        QCOMPARE(menus.playback()[0]->title(), QStringLiteral("Play"));
+    }
+
+    void titlesFollowTheModel()
+    {
+        PlayerModel model(m_panels);
+        const MenuCommands menus(model);
+        MenuCommand *mute = menus.playback().constLast();
+        QSignalSpy renamed(mute, &MenuCommand::titleChanged);
+        mute->trigger();
+        QCOMPARE(mute->title(), QStringLiteral("Unmute"));
+        QVERIFY(model.isMuted());
+        mute->trigger();
+        QCOMPARE(mute->title(), QStringLiteral("Mute"));
+        QCOMPARE(renamed.size(), 2);
+
+        MenuCommand *play = menus.playback().constFirst();
+        model.show(OKVideoContent { QStringLiteral("1") }, QString());
+        QCOMPARE(play->title(), QStringLiteral("Pause"));
+        play->trigger();
+        QCOMPARE(play->title(), QStringLiteral("Play"));
+        menus.playback()[1]->trigger();
+        QVERIFY(!model.okVideoContent());
+    }
+
+    void skipCommandsSkip()
+    {
+        PlayerModel model(m_panels);
+        const MenuCommands menus(model);
+        for (MenuCommand *command : menus.playback()) {
+            command->trigger(); // Dividers among them do nothing.
+            QVERIFY(!command->isDivider() || command->title().isEmpty());
+        }
+    }
+
+    void theLastWindowEndsTheApplication()
+    {
+        QVERIFY(ZephApplicationDelegate().applicationShouldTerminateAfterLastWindowClosed());
+    }
+
+    void addressArgument()
+    {
+        QTemporaryDir folder;
+        QVERIFY(QDir::setCurrent(folder.path()));
+        const auto inFolder = [](const QString &name) {
+            return QUrl::fromLocalFile(QDir::currentPath() + u'/' + name);
+        };
+        QCOMPARE(addressFromArgument(QStringLiteral("a film.mkv")),
+                 inFolder(QStringLiteral("a film.mkv")));
+        QCOMPARE(addressFromArgument(QStringLiteral("/a/b.mkv")),
+                 QUrl::fromLocalFile(QStringLiteral("/a/b.mkv")));
+        QCOMPARE(addressFromArgument(QStringLiteral("file:///a/b%20c.mkv")),
+                 QUrl::fromLocalFile(QStringLiteral("/a/b c.mkv")));
+        QCOMPARE(addressFromArgument(QStringLiteral("https://host.example/x?y=z")),
+                 QUrl(QStringLiteral("https://host.example/x?y=z")));
+        QFile odd(QStringLiteral("100% #1.mp4"));
+        QVERIFY(odd.open(QIODevice::WriteOnly));
+        QCOMPARE(addressFromArgument(odd.fileName()), inFolder(odd.fileName()));
+    }
+
+private:
+    CancellingPanels m_panels;
+};
+
+QTEST_GUILESS_MAIN(MenuCommandsTest)
+#include "tst_menu_commands.moc"
