@@ -9,8 +9,11 @@ Menu {
 
     required property list<MenuCommand> commands
 
+    // The lines are made when they are first to be seen: the window need not wait for them.
+    onAboutToShow: lines.model = commands
+
     Repeater {
-        model: menu.commands
+        id: lines
         delegate: DelegateChooser {
             role: "isDivider"
             DelegateChoice {

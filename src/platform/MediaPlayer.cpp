@@ -108,7 +108,6 @@ int MediaPlayer::pictureRotation() const
 void MediaPlayer::attachVideoOutput()
 {
     m_videoOutput = VideoOutput::Awaited;
-    prepare();
 }
 
 void MediaPlayer::detachVideoOutput()

@@ -1,0 +1,8 @@
+import QtQuick
+
+Window {
+    width: 700
+    height: 430
+    visible: true
+    color: "white"
+}

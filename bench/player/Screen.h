@@ -1,0 +1,31 @@
+// What the display shows, looked at from outside the program that shows it.
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <functional>
+
+/// Colours are 0xRRGGBB.
+class Screen {
+public:
+    Screen();
+    ~Screen();
+    Screen(const Screen &) = delete;
+    Screen &operator=(const Screen &) = delete;
+
+    /// Paints the whole empty screen. Windows without a window manager open in its corner.
+    void clear(unsigned colour);
+
+    /// Looks at a point again and again until its colour is as wanted. False when that takes more
+    /// than 20 seconds.
+    bool waitFor(int x, int y, const std::function<bool(unsigned colour)> &isWanted);
+
+    /// Sizes the one window that is shown.
+    void resizeWindow(int width, int height);
+
+private:
+    unsigned colourAt(int x, int y);
+
+    xcb_connection_t *m_connection;
+    xcb_screen_t *m_screen;
+};
