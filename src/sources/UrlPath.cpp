@@ -1,6 +1,5 @@
 #include "sources/UrlPath.h"
 
-#include <QStringDecoder>
 #include <QUrlQuery>
 
 namespace zeph {
@@ -15,11 +14,10 @@ QStringList encodedPathSegments(const QUrl &url)
 // Nothing when the decoded bytes are not UTF-8.
 std::optional<QString> removingPercentEncoding(const QString &text)
 {
-    QStringDecoder decode(QStringDecoder::Utf8);
-    QString decoded = decode(QByteArray::fromPercentEncoding(text.toUtf8()));
-    if (decode.hasError())
+    const QByteArray decoded = QByteArray::fromPercentEncoding(text.toUtf8());
+    if (!decoded.isValidUtf8())
         return std::nullopt;
-    return decoded;
+    return QString::fromUtf8(decoded);
 }
 
 } // namespace
