@@ -1,0 +1,64 @@
+#include "sources/CountryCode.h"
+
+#include <QString>
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+
+namespace zeph {
+
+namespace {
+
+bool isAscii(char character)
+{
+    return static_cast<unsigned char>(character) < 0x80;
+}
+
+char toUpperAscii(char character)
+{
+    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
+                                                : character;
+}
+
+// Characters as people count them: a letter with its accents is one.
+bool hasTwoCharacters(const QString &text)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    return finder.toNextBoundary() > 0 && finder.toNextBoundary() == text.size();
+}
+
+CountryCode codeFrom(QByteArrayView piece)
+{
+    if (std::all_of(piece.begin(), piece.end(), isAscii)) {
+        if (piece.size() != 2)
+            return {};
+        return { toUpperAscii(piece[0]), toUpperAscii(piece[1]) };
+    }
+    const QString text = QString::fromUtf8(piece).toUpper();
+    return hasTwoCharacters(text) ? text.toStdString() : CountryCode();
+}
+
+// The first piece that is not empty, where `delimits` tells what stands between pieces.
+template <typename Predicate> QByteArrayView firstPiece(QByteArrayView text, Predicate delimits)
+{
+    const auto begin = std::find_if_not(text.begin(), text.end(), delimits);
+    return QByteArrayView(begin, std::find_if(begin, text.end(), delimits));
+}
+
+} // namespace
+
+CountryCode declaredCountryCode(QByteArrayView value)
+{
+    return codeFrom(firstPiece(value,
+        [](char character) { return character == ',' || character == ';' || character == ' '; }));
+}
+
+CountryCode inferredCountryCode(QByteArrayView channelID)
+{
+    QByteArrayView name = firstPiece(channelID, [](char character) { return character == '@'; });
+    while (name.endsWith('.'))
+        name.chop(1);
+    return codeFrom(name.sliced(name.lastIndexOf('.') + 1));
+}
+
+} // namespace zeph
