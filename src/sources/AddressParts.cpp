@@ -8,16 +8,14 @@ namespace zeph {
 
 namespace {
 
-bool isLetter(char character)
-{
+constexpr auto isLetter = [](char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
+};
 
-bool isInScheme(char character)
-{
+constexpr auto isInScheme = [](char character) {
     return isLetter(character) || (character >= '0' && character <= '9') || character == '+'
         || character == '-' || character == '.';
-}
+};
 
 // Cuts what follows `delimiter` off `text`.
 std::optional<QByteArrayView> cutAfter(QByteArrayView &text, char delimiter)

@@ -19,6 +19,7 @@ enum ByteTrait : unsigned char {
     BeyondAscii = 8,
     Dot = 16,
     Slash = 32, // Dot, shifted by one
+    InHost = 64,
 };
 
 constexpr auto byteTraits = [] {
@@ -29,6 +30,13 @@ constexpr auto byteTraits = [] {
         traits[static_cast<unsigned char>(character)] = Refused;
     for (std::size_t byte = 0x80; byte <= 0xff; ++byte)
         traits[byte] = BeyondAscii;
+    for (char character = '0'; character <= '9'; ++character)
+        traits[static_cast<unsigned char>(character)] = InHost;
+    for (char character = 'a'; character <= 'z'; ++character)
+        traits[static_cast<unsigned char>(character)] = InHost;
+    for (char character = 'A'; character <= 'Z'; ++character)
+        traits[static_cast<unsigned char>(character)] = InHost;
+    traits['_'] = InHost;
     traits['%'] = Percent;
     traits['#'] = Hash;
     traits['.'] = Dot;
@@ -49,10 +57,11 @@ unsigned traitsOf(QByteArrayView text)
     return all;
 }
 
-bool isDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
+constexpr auto isDigit = [](char character) { return character >= '0' && character <= '9'; };
+
+constexpr auto endsAuthority = [](char character) {
+    return character == '/' || character == '?' || character == '#';
+};
 
 bool isHexDigit(char character)
 {
@@ -79,32 +88,55 @@ bool hasSpacesOrControlCharacters(QByteArrayView utf8)
 
 bool isPort(QByteArrayView text)
 {
-    return std::all_of(text.begin(), text.end(), isDigit) && text.size() <= 5
-        && (text.isEmpty() || text.toByteArray().toInt() <= 65535);
+    constexpr int highest = 65535;
+    int port = 0;
+    for (const char character : text) {
+        if (!isDigit(character) || port > highest)
+            return false;
+        port = 10 * port + (character - '0');
+    }
+    return port <= highest;
 }
 
-// Whether the host is one in anybody's eyes: labels of letters, digits, "_" and single inner
-// hyphens.
-bool isOrdinaryHost(QByteArrayView host)
+// The size of the host that `text` begins with, if that is one in anybody's eyes: labels of
+// letters, digits, "_" and single inner hyphens. Otherwise 0.
+qsizetype ordinaryHostSize(QByteArrayView text)
 {
     constexpr qsizetype longestLabel = 63;
-    if (host.size() > longestLabel)
-        return false;
     char previous = '.';
-    for (const char character : host) {
-        const bool joins = character == '.' || character == '-';
-        if (joins ? previous == '.' || previous == '-'
-                  : !isDigit(character) && !(character >= 'a' && character <= 'z')
-                    && !(character >= 'A' && character <= 'Z') && character != '_')
-            return false;
+    qsizetype size = 0;
+    for (; size < text.size(); ++size) {
+        const char character = text[size];
+        if (character == '.' || character == '-') {
+            if (previous == '.' || previous == '-')
+                return 0;
+        } else if (!(byteTraits[static_cast<unsigned char>(character)] & InHost)) {
+            break;
+        }
         previous = character;
     }
-    return previous != '.' && previous != '-';
+    return previous == '.' || previous == '-' || size > longestLabel ? 0 : size;
 }
 
-// Any other host in the form in which it is looked up. Empty when it is none.
+bool startsWithOrdinaryAuthority(QByteArrayView text)
+{
+    const qsizetype hostSize = ordinaryHostSize(text);
+    if (hostSize == 0)
+        return false;
+    text = text.sliced(hostSize);
+    if (text.isEmpty() || endsAuthority(text.front()))
+        return true;
+    if (text.front() != ':')
+        return false;
+    text = text.sliced(1);
+    return isPort(text.first(std::find_if(text.begin(), text.end(), endsAuthority) - text.begin()));
+}
+
+// Any host in the form in which it is looked up. Empty when it is none.
 QByteArray encodedHost(QByteArrayView host)
 {
+    if (ordinaryHostSize(host) == host.size())
+        return host.toByteArray();
     return QUrl(QStringLiteral("//") + QString::fromUtf8(host)).toEncoded().mid(2);
 }
 
@@ -131,11 +163,6 @@ std::optional<Authority> splitAuthority(QByteArrayView text)
     if (!authority.port.isEmpty() && !isPort(authority.port.sliced(1)))
         return std::nullopt;
     return authority;
-}
-
-bool endsAuthority(char character)
-{
-    return character == '/' || character == '?' || character == '#';
 }
 
 void appendEncoded(QByteArray &output, QByteArrayView utf8)
@@ -171,43 +198,45 @@ std::optional<AddressReader::Address> AddressReader::read(QByteArrayView utf8)
         return std::nullopt;
 
     const qsizetype scheme = schemeSize(utf8);
-    QByteArrayView rest = utf8.sliced(scheme > 0 ? scheme + 1 : 0);
-    const bool hasAuthority = rest.startsWith("//");
-    if (!hasAuthority) {
-        // Without a scheme, a ":" in the first segment is the end of something that is not one.
-        const auto firstSegmentEnd = std::find_if(rest.begin(), rest.end(), endsAuthority);
-        if (scheme == 0 && std::find(rest.begin(), firstSegmentEnd, ':') != firstSegmentEnd)
-            return std::nullopt;
-        if (!(traits & (BeyondAscii | Hash)))
-            return Address { utf8, false };
-        m_rewritten.clear();
-        m_rewritten.append(utf8.first(utf8.size() - rest.size()));
-        appendEncodedRest(m_rewritten, rest);
-        return Address { m_rewritten, false };
+    const QByteArrayView prefix = utf8.first(scheme > 0 ? scheme + 1 : 0);
+    const QByteArrayView rest = utf8.sliced(prefix.size());
+    const bool needsEncoding = traits & (BeyondAscii | Hash);
+    if (rest.size() >= 2 && rest[0] == '/' && rest[1] == '/') {
+        const bool isResolved = scheme > 0 && !(traits & Dot);
+        if (!needsEncoding && startsWithOrdinaryAuthority(rest.sliced(2)))
+            return Address { utf8, isResolved };
+        return rewritten(prefix, rest.sliced(2), isResolved);
     }
 
-    rest = rest.sliced(2);
+    // Without a scheme, a ":" in the first segment is the end of something that is not one.
+    const auto firstSegmentEnd = std::find_if(rest.begin(), rest.end(), endsAuthority);
+    if (scheme == 0 && std::find(rest.begin(), firstSegmentEnd, ':') != firstSegmentEnd)
+        return std::nullopt;
+    if (!needsEncoding)
+        return Address { utf8, false };
+    m_rewritten = prefix.toByteArray();
+    appendEncodedRest(m_rewritten, rest);
+    return Address { m_rewritten, false };
+}
+
+std::optional<AddressReader::Address> AddressReader::rewritten(
+    QByteArrayView prefix, QByteArrayView afterSlashes, bool isResolved)
+{
     const qsizetype authoritySize =
-        std::find_if(rest.begin(), rest.end(), endsAuthority) - rest.begin();
-    const auto authority = splitAuthority(rest.first(authoritySize));
+        std::find_if(afterSlashes.begin(), afterSlashes.end(), endsAuthority)
+        - afterSlashes.begin();
+    const auto authority = splitAuthority(afterSlashes.first(authoritySize));
     if (!authority)
         return std::nullopt;
-    rest = rest.sliced(authoritySize);
-
-    const bool isResolved = scheme > 0 && !(traits & Dot);
-    const bool keepsHost = authority->host.isEmpty() || isOrdinaryHost(authority->host);
-    if (keepsHost && !(traits & (BeyondAscii | Hash)))
-        return Address { utf8, isResolved };
-    const QByteArray host =
-        keepsHost ? authority->host.toByteArray() : encodedHost(authority->host);
-    if (!keepsHost && host.isEmpty())
+    const QByteArray host = encodedHost(authority->host);
+    if (host.isEmpty() && !authority->host.isEmpty())
         return std::nullopt;
-    m_rewritten.clear();
-    m_rewritten.append(utf8.first(scheme > 0 ? scheme + 3 : 2));
+    m_rewritten = prefix.toByteArray();
+    m_rewritten += "//";
     appendEncoded(m_rewritten, authority->userInfo);
     m_rewritten += host;
     m_rewritten.append(authority->port);
-    appendEncodedRest(m_rewritten, rest);
+    appendEncodedRest(m_rewritten, afterSlashes.sliced(authoritySize));
     return Address { m_rewritten, isResolved };
 }
 

@@ -24,6 +24,9 @@ public:
     std::optional<Address> read(QByteArrayView utf8);
 
 private:
+    std::optional<Address> rewritten(
+        QByteArrayView prefix, QByteArrayView afterSlashes, bool isResolved);
+
     QByteArray m_rewritten;
 };
 

@@ -9,10 +9,9 @@ namespace zeph {
 
 namespace {
 
-bool isAscii(char character)
-{
+constexpr auto isAscii = [](char character) {
     return static_cast<unsigned char>(character) < 0x80;
-}
+};
 
 char toUpperAscii(char character)
 {

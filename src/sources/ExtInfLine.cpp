@@ -34,20 +34,19 @@ constexpr char toLowerAscii(char character)
 
 bool endsWithIgnoringCase(QByteArrayView text, QByteArrayView name)
 {
-    return text.size() >= name.size()
+    return text.size() >= name.size() && toLowerAscii(text.back()) == name.back()
         && std::equal(name.begin(), name.end(), text.end() - name.size(),
             [](char expected, char actual) { return expected == toLowerAscii(actual); });
 }
 
 // The first comma ends the attributes, be it quoted or not. A title of nothing but blanks is one,
 // but no title at all makes a title of what stands before the comma.
-QByteArrayView titleOf(QByteArrayView line, QByteArrayView trimmed)
+QByteArrayView titleOf(QByteArrayView trimmed, bool blanksFollow)
 {
     const qsizetype comma = trimmed.indexOf(',');
     if (comma < 0)
         return trimmed;
     const QByteArrayView title = trimmed.sliced(comma + 1);
-    const bool blanksFollow = trimmed.end() != line.end();
     if (!title.isEmpty() || blanksFollow)
         return trimmedUtf8(title);
     return trimmedUtf8(trimmed.first(comma));
@@ -55,16 +54,15 @@ QByteArrayView titleOf(QByteArrayView line, QByteArrayView trimmed)
 
 } // namespace
 
-bool ExtInfLine::isOne(QByteArrayView line)
+bool ExtInfLine::isOne(QByteArrayView trimmed)
 {
-    return line.startsWith(directive);
+    return trimmed.startsWith(directive);
 }
 
-ExtInfLine ExtInfLine::read(QByteArrayView line)
+ExtInfLine ExtInfLine::read(QByteArrayView trimmed, bool blanksFollow)
 {
-    const QByteArrayView trimmed = trimmedUtf8(line);
     ExtInfLine result;
-    result.title = titleOf(line, trimmed);
+    result.title = titleOf(trimmed, blanksFollow);
 
     // Each attribute starts at its name, "=" and a quote, wherever that is for the first time, and
     // ends at the next quote. Every quote may be the opening one of some attribute.
@@ -73,10 +71,10 @@ ExtInfLine ExtInfLine::read(QByteArrayView line)
         const qsizetype next = trimmed.indexOf('"', quote + 1);
         if (next < 0)
             break;
-        const QByteArrayView before = trimmed.first(quote);
-        if (before.endsWith('=')) {
+        if (trimmed[quote - 1] == '=') {
+            const QByteArrayView before = trimmed.first(quote - 1);
             for (std::size_t i = 0; i < attributes.size(); ++i) {
-                if (!found[i] && endsWithIgnoringCase(before.chopped(1), attributes[i].name)) {
+                if (!found[i] && endsWithIgnoringCase(before, attributes[i].name)) {
                     found[i] = true;
                     result.*attributes[i].value =
                         trimmedUtf8(trimmed.sliced(quote + 1, next - quote - 1));

@@ -15,11 +15,11 @@ struct ExtInfLine {
     QByteArrayView country;
     QByteArrayView tvgID;
 
-    /// Whether `line` is one. `line` is trimmed.
-    static bool isOne(QByteArrayView line);
+    /// Whether `trimmed`, a line without the blanks around it, is one.
+    static bool isOne(QByteArrayView trimmed);
 
-    /// `line` is valid UTF-8. `line.trimmed()` is one.
-    static ExtInfLine read(QByteArrayView line);
+    /// `trimmed` is valid UTF-8, and is one.
+    static ExtInfLine read(QByteArrayView trimmed, bool blanksFollow);
 };
 
 } // namespace zeph

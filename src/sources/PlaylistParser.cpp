@@ -46,7 +46,7 @@ public:
         if (trimmed.isEmpty() || trimmed.size() > longestLine)
             return;
         if (ExtInfLine::isOne(trimmed))
-            takeMetadata(ExtInfLine::read(line));
+            takeMetadata(ExtInfLine::read(trimmed, trimmed.end() != line.end()));
         else if (!trimmed.startsWith('#'))
             takeAddress(trimmed);
     }

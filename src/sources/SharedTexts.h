@@ -22,7 +22,7 @@ private:
         QString text;
     };
 
-    static constexpr std::size_t slotCount = 4096;
+    static constexpr std::size_t slotCount = 1024;
 
     std::vector<Slot> m_slots = std::vector<Slot>(slotCount);
 };

@@ -46,10 +46,9 @@ template <bool atEnd> qsizetype spaceSize(const unsigned char *bytes, qsizetype 
 }
 
 // Bytes that may begin a newline character: LF, VT, FF, CR, and the first ones of NEL, LS and PS.
-constexpr bool mayBeginNewline(unsigned char byte)
-{
+constexpr auto mayBeginNewline = [](unsigned char byte) {
     return static_cast<unsigned char>(byte - '\n') < 4 || byte == 0xc2 || byte == 0xe2;
-}
+};
 
 const unsigned char *findNewlineCandidate(const unsigned char *position, const unsigned char *end)
 {
@@ -58,7 +57,9 @@ const unsigned char *findNewlineCandidate(const unsigned char *position, const u
     while (end - position >= blockSize) {
         unsigned char found = 0;
         for (std::ptrdiff_t i = 0; i < blockSize; ++i)
-            found |= static_cast<unsigned char>(mayBeginNewline(position[i]));
+            found |= static_cast<unsigned char>(static_cast<unsigned char>(position[i] - '\n') < 4)
+                | static_cast<unsigned char>(position[i] == 0xc2)
+                | static_cast<unsigned char>(position[i] == 0xe2);
         if (found)
             break;
         position += blockSize;
