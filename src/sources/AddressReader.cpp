@@ -1,6 +1,7 @@
 #include "sources/AddressReader.h"
 
 #include "sources/AddressParts.h"
+#include "sources/Utf8Space.h"
 
 #include <QString>
 #include <QUrl>
@@ -80,7 +81,7 @@ bool hasOnlyWholeEscapes(QByteArrayView text)
 
 bool hasSpacesOrControlCharacters(QByteArrayView utf8)
 {
-    const QString text = QString::fromUtf8(utf8);
+    const QString text = textFromUtf8(utf8);
     return std::any_of(text.begin(), text.end(), [](QChar character) {
         return character.isSpace() || character.category() == QChar::Other_Control;
     });
@@ -137,7 +138,7 @@ QByteArray encodedHost(QByteArrayView host)
 {
     if (ordinaryHostSize(host) == host.size())
         return host.toByteArray();
-    return QUrl(QStringLiteral("//") + QString::fromUtf8(host)).toEncoded().mid(2);
+    return QUrl(QStringLiteral("//") + textFromUtf8(host)).toEncoded().mid(2);
 }
 
 struct Authority {

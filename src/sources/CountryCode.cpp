@@ -1,5 +1,7 @@
 #include "sources/CountryCode.h"
 
+#include "sources/Utf8Space.h"
+
 #include <QString>
 #include <QTextBoundaryFinder>
 
@@ -33,7 +35,7 @@ CountryCode codeFrom(QByteArrayView piece)
             return {};
         return { toUpperAscii(piece[0]), toUpperAscii(piece[1]) };
     }
-    const QString text = QString::fromUtf8(piece).toUpper();
+    const QString text = textFromUtf8(piece).toUpper();
     return hasTwoCharacters(text) ? text.toStdString() : CountryCode();
 }
 

@@ -1,5 +1,7 @@
 #include "sources/PlaylistEntry.h"
 
+#include "sources/Utf8Space.h"
+
 #include <QAtomicInt>
 #include <QHashFunctions>
 
@@ -142,7 +144,7 @@ QByteArrayView PlaylistEntry::nameUtf8() const
 
 QString PlaylistEntry::name() const
 {
-    return QString::fromUtf8(nameUtf8());
+    return textFromUtf8(nameUtf8());
 }
 
 QLatin1StringView PlaylistEntry::address() const
@@ -191,7 +193,7 @@ std::optional<QByteArrayView> PlaylistEntry::countryCodeUtf8() const
 std::optional<QString> PlaylistEntry::countryCode() const
 {
     const auto code = countryCodeUtf8();
-    return code ? std::optional(QString::fromUtf8(*code)) : std::nullopt;
+    return code ? std::optional(textFromUtf8(*code)) : std::nullopt;
 }
 
 bool operator==(const PlaylistEntry &left, const PlaylistEntry &right)

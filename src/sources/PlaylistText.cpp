@@ -45,11 +45,4 @@ PlaylistText PlaylistText::fromString(QStringView text)
     return PlaylistText(encode(text));
 }
 
-QByteArrayView PlaylistText::utf8() const
-{
-    constexpr QByteArrayView byteOrderMark("\xef\xbb\xbf");
-    const QByteArrayView utf8(m_utf8);
-    return utf8.startsWith(byteOrderMark) ? utf8.sliced(byteOrderMark.size()) : utf8;
-}
-
 } // namespace zeph

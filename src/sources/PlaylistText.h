@@ -6,7 +6,7 @@
 
 namespace zeph {
 
-/// Text that is known to be valid UTF-8, without a byte-order mark at its start.
+/// Text that is known to be valid UTF-8.
 class PlaylistText {
 public:
     /// Decodes what a file or a server gave: UTF-8, or else ISO Latin-1, which takes anything.
@@ -15,7 +15,7 @@ public:
     /// Half a surrogate pair becomes a replacement character.
     static PlaylistText fromString(QStringView text);
 
-    QByteArrayView utf8() const;
+    QByteArrayView utf8() const { return m_utf8; }
 
 private:
     explicit PlaylistText(QByteArray utf8);

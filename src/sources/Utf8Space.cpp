@@ -1,5 +1,7 @@
 #include "sources/Utf8Space.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 
 namespace zeph {
@@ -27,6 +29,8 @@ bool isThreeByteSpace(unsigned char first, unsigned char second, unsigned char t
         return second == 0x81 && third == 0x9f;
     case 0xe3: // U+3000
         return second == 0x80 && third == 0x80;
+    case 0xef: // U+FEFF
+        return second == 0xbb && third == 0xbf;
     default:
         return false;
     }
@@ -83,6 +87,13 @@ qsizetype newlineSize(const unsigned char *position, const unsigned char *end)
 }
 
 } // namespace
+
+QString textFromUtf8(QByteArrayView utf8)
+{
+    QStringDecoder decode(QStringDecoder::Utf8,
+        QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    return decode(utf8);
+}
 
 QByteArrayView trimmedUtf8(QByteArrayView text)
 {

@@ -2,10 +2,15 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QString>
 
 namespace zeph {
 
-/// `text` without the Unicode white space at both ends. `text` is valid UTF-8.
+/// `utf8` with all of its characters. QString alone would drop a byte-order mark at the start.
+QString textFromUtf8(QByteArrayView utf8);
+
+/// `text` without the Unicode white space at both ends, and without byte-order marks there, which
+/// are found wherever files were put together. `text` is valid UTF-8.
 QByteArrayView trimmedUtf8(QByteArrayView text);
 
 /// Walks through the lines of a text. A line ends at any Unicode newline character; CR LF is two of

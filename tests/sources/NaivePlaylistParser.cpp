@@ -1,0 +1,178 @@
+#include "sources/NaivePlaylistParser.h"
+
+#include <QRegularExpression>
+#include <QStringDecoder>
+#include <QTextBoundaryFinder>
+
+namespace zeph::tests {
+
+namespace {
+
+const QString newlines = QStringLiteral("\n\v\f\r\u0085\u2028\u2029");
+
+QString decoded(const QByteArray &bytes)
+{
+    if (!bytes.isValidUtf8())
+        return QString::fromLatin1(bytes);
+    // A byte-order mark at the start is not kept, any other one is.
+    return QString::fromUtf8(bytes);
+}
+
+bool isBlank(QChar character)
+{
+    return character.isSpace() || character == QChar(QChar::ByteOrderMark);
+}
+
+QString trimmed(QString text)
+{
+    while (!text.isEmpty() && isBlank(text.front()))
+        text.remove(0, 1);
+    while (!text.isEmpty() && isBlank(text.back()))
+        text.chop(1);
+    return text;
+}
+
+// QUrl refuses to resolve what leads to a path of two slashes in a file address.
+QUrl resolved(const QUrl &base, const QUrl &url)
+{
+    if (!base.isLocalFile() || !url.scheme().isEmpty())
+        return base.resolved(url);
+    const QString file = QStringLiteral("file://");
+    const QString twin = QStringLiteral("http://twin");
+    QString text = base.toString(QUrl::FullyEncoded).replace(0, file.size(), twin);
+    text = QUrl(text).resolved(url).toString(QUrl::FullyEncoded);
+    const qsizetype prefix = text.startsWith(twin) ? twin.size() : QStringLiteral("http://").size();
+    text.replace(0, prefix, file);
+    return QUrl(text);
+}
+
+QStringList lines(const QString &text)
+{
+    QStringList result { QString() };
+    for (const QChar character : text) {
+        if (newlines.contains(character))
+            result += QString();
+        else
+            result.last() += character;
+    }
+    return result;
+}
+
+std::optional<QString> attribute(const QString &name, const QString &line)
+{
+    const QString opening = name + QStringLiteral("=\"");
+    const qsizetype start = line.indexOf(opening, 0, Qt::CaseInsensitive);
+    if (start < 0)
+        return std::nullopt;
+    const QString rest = line.mid(start + opening.size());
+    if (!rest.contains(u'"'))
+        return std::nullopt;
+    const QString value = trimmed(rest.section(u'"', 0, 0));
+    return value.isEmpty() ? std::nullopt : std::optional(value);
+}
+
+QString title(const QString &wholeLine)
+{
+    const QString line = trimmed(wholeLine);
+    const qsizetype comma = wholeLine.indexOf(u',');
+    if (comma < 0)
+        return line;
+    const QString rest = wholeLine.mid(comma + 1);
+    if (rest.isEmpty())
+        return trimmed(wholeLine.left(comma));
+    return trimmed(rest);
+}
+
+qsizetype characterCount(const QString &text)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype count = 0;
+    while (finder.toNextBoundary() >= 0)
+        ++count;
+    return count;
+}
+
+std::optional<QString> codeFrom(const QString &piece)
+{
+    const QString code = piece.toUpper();
+    return characterCount(code) == 2 ? std::optional(code) : std::nullopt;
+}
+
+std::optional<QString> countryCode(const QString &line)
+{
+    auto value = attribute(QStringLiteral("tvg-country"), line);
+    if (!value)
+        value = attribute(QStringLiteral("country"), line);
+    static const QRegularExpression delimiters(QStringLiteral("[,; ]"));
+    if (value) {
+        const auto code = codeFrom(value->split(delimiters, Qt::SkipEmptyParts).value(0));
+        if (code)
+            return code;
+    }
+    const auto id = attribute(QStringLiteral("tvg-id"), line);
+    if (!id)
+        return std::nullopt;
+    const QStringList pieces =
+        id->split(u'@', Qt::SkipEmptyParts).value(0).split(u'.', Qt::SkipEmptyParts);
+    return pieces.isEmpty() ? std::nullopt : codeFrom(pieces.last());
+}
+
+std::optional<QUrl> address(const QString &text)
+{
+    static const QRegularExpression refused(QStringLiteral("[\"<>\\\\^`{}|]|%(?![0-9A-Fa-f]{2})"));
+    if (text.isEmpty() || refused.match(text).hasMatch())
+        return std::nullopt;
+    for (const QChar character : text) {
+        if (character.isSpace() || character.category() == QChar::Other_Control)
+            return std::nullopt;
+    }
+    const QUrl url(text);
+    return url.isValid() ? std::optional(url) : std::nullopt;
+}
+
+QString nameOf(const QUrl &url)
+{
+    const QStringList segments = url.path(QUrl::FullyEncoded).split(u'/', Qt::SkipEmptyParts);
+    if (!segments.isEmpty()) {
+        const QByteArray name = QByteArray::fromPercentEncoding(segments.last().toLatin1());
+        if (name.isValidUtf8())
+            return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)(
+                name);
+    }
+    return url.host().isEmpty() ? QStringLiteral("Stream") : url.host();
+}
+
+} // namespace
+
+QList<NaiveEntry> parseNaively(const QByteArray &bytes, const QUrl &base)
+{
+    QList<NaiveEntry> entries;
+    NaiveEntry pending;
+    for (const QString &wholeLine : lines(decoded(bytes))) {
+        const QString line = trimmed(wholeLine);
+        if (line.isEmpty())
+            continue;
+        if (line.startsWith(QLatin1StringView("#EXTINF:"))) {
+            pending = {};
+            pending.name = title(wholeLine);
+            if (pending.name.isEmpty())
+                pending.name = attribute(QStringLiteral("tvg-name"), line).value_or(QString());
+            pending.logoURL =
+                address(attribute(QStringLiteral("tvg-logo"), line).value_or(QString()));
+            pending.groupTitle = attribute(QStringLiteral("group-title"), line);
+            pending.countryCode = countryCode(line);
+        } else if (!line.startsWith(u'#')) {
+            const auto url = address(line);
+            if (!url)
+                continue;
+            pending.url = resolved(base, *url);
+            if (pending.name.isEmpty())
+                pending.name = nameOf(pending.url);
+            entries += pending;
+            pending = {};
+        }
+    }
+    return entries;
+}
+
+} // namespace zeph::tests
