@@ -22,6 +22,10 @@ if(ZEPH_SANITIZE)
     target_link_options(zeph_compiler_settings INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(ZEPH_BUILD_FUZZERS)
+    target_compile_options(zeph_compiler_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # Warnings are errors in the files that we write; what Qt's tools generate is not ours to mend.
 function(zeph_enable_warnings target)
     get_target_property(sources ${target} SOURCES)
