@@ -38,22 +38,25 @@ private Q_SLOTS:
 void PlaylistParserReferenceTest::readsLikeTheNaiveParser_data()
 {
     QTest::addColumn<quint32>("seed");
+    QTest::addColumn<int>("count");
     QTest::addColumn<QUrl>("base");
-    QTest::newRow("web") << 1U << QUrl(QStringLiteral("http://h/list/p.m3u?q#f"));
-    QTest::newRow("web, no path") << 2U << QUrl(QStringLiteral("https://h"));
-    QTest::newRow("file") << 3U << QUrl::fromLocalFile(QStringLiteral("/media/\u00fc/my list.m3u"));
+    QTest::newRow("web") << 1U << 100'000 << QUrl(QStringLiteral("http://h/list/p.m3u?q#f"));
+    QTest::newRow("web, no path") << 2U << 20'000 << QUrl(QStringLiteral("https://h"));
+    QTest::newRow("file") << 3U << 20'000
+                          << QUrl::fromLocalFile(QStringLiteral("/media/\u00fc/my list.m3u"));
 }
 
 void PlaylistParserReferenceTest::readsLikeTheNaiveParser()
 {
     QFETCH(quint32, seed);
+    QFETCH(int, count);
     QFETCH(QUrl, base);
     QRandomGenerator random(seed);
     int entryCount = 0;
     int logoCount = 0;
     int groupCount = 0;
     int countryCount = 0;
-    for (int i = 0; i < 100'000; ++i) {
+    for (int i = 0; i < count; ++i) {
         const QByteArray list = awkwardList(random);
         QByteArrayList expected;
         for (const NaiveEntry &entry : parseNaively(list, base))
@@ -78,10 +81,10 @@ void PlaylistParserReferenceTest::readsLikeTheNaiveParser()
         QCOMPARE(actual, expected);
     }
     // The lists were not all unreadable.
-    QVERIFY(entryCount > 50'000);
-    QVERIFY(logoCount > 1000);
-    QVERIFY(groupCount > 1000);
-    QVERIFY(countryCount > 1000);
+    QVERIFY(entryCount > count);
+    QVERIFY(logoCount > count / 100);
+    QVERIFY(groupCount > count / 100);
+    QVERIFY(countryCount > count / 100);
 }
 
 QTEST_GUILESS_MAIN(PlaylistParserReferenceTest)
