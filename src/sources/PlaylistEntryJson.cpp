@@ -51,7 +51,8 @@ QByteArray playlistEntryToJson(const PlaylistEntry &entry)
         object.insert(groupTitleKey, *groupTitle);
     if (const auto countryCode = entry.countryCode())
         object.insert(countryCodeKey, *countryCode);
-    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+    // Escaped, because QJsonDocument drops a byte-order mark at the start of a text that it reads.
+    return QJsonDocument(object).toJson(QJsonDocument::Compact).replace("\xef\xbb\xbf", "\\ufeff");
 }
 
 std::optional<PlaylistEntry> playlistEntryFromJson(const QJsonValue &json)

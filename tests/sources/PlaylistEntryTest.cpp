@@ -204,6 +204,7 @@ void PlaylistEntryTest::readsWhatItWrites_data()
     PlaylistEntry::Fields odd = allFields();
     odd.name = QStringLiteral("\"\\/\u0001\u2028\ufeff\U0001f4fa");
     odd.groupTitle = QString();
+    odd.countryCode = QStringLiteral("\ufeffa");
     odd.logoURL = address("l.png");
     odd.url = address("foo:");
     QTest::newRow("odd") << PlaylistEntry(odd);
