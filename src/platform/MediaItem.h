@@ -35,7 +35,7 @@ public:
     bool isLive() const { return m_live; }
 
     /// The size at which the picture is meant to be seen, with pixel aspect and rotation applied.
-    /// Empty while unknown, and for sound alone.
+    /// 0 by 0 while unknown, and for sound alone.
     QSizeF presentationSize() const { return m_presentationSize; }
 
     /// Playback has used up all that was loaded and waits for more.
@@ -66,7 +66,7 @@ private:
     QString m_errorText;
     double m_duration = 0;
     bool m_live = false;
-    QSizeF m_presentationSize;
+    QSizeF m_presentationSize { 0, 0 };
     bool m_playbackBufferEmpty = true;
     bool m_playbackLikelyToKeepUp = false;
 };

@@ -31,10 +31,10 @@ constexpr ObservedProperty observedProperties[] = {
     { "paused-for-cache", MPV_FORMAT_FLAG },
     { "cache-buffering-state", MPV_FORMAT_DOUBLE },
     { "duration", MPV_FORMAT_DOUBLE },
-    { "dwidth", MPV_FORMAT_DOUBLE },
-    { "dheight", MPV_FORMAT_DOUBLE },
     { "video-out-params/rotate", MPV_FORMAT_DOUBLE },
     { "current-tracks/video/demux-rotation", MPV_FORMAT_DOUBLE },
+    { "dwidth", MPV_FORMAT_DOUBLE },
+    { "dheight", MPV_FORMAT_DOUBLE },
 };
 
 } // namespace
@@ -411,6 +411,9 @@ void MediaPlayer::updatePresentationSize()
     if (m_stage != Stage::Open && m_stage != Stage::Ended)
         return;
     QSizeF size(m_reported.width, m_reported.height);
+    // The engine reports one side after the other.
+    if (size.isEmpty())
+        size = QSizeF(0, 0);
     if (std::fmod(m_reported.rotation + pictureRotation(), 180) != 0)
         size.transpose();
     m_item->setPresentationSize(size);
