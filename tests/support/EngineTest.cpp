@@ -1,0 +1,41 @@
+#include "support/EngineTest.h"
+
+#include <utility>
+
+namespace zeph {
+
+QString clipPath(const QString &name)
+{
+    return qEnvironmentVariable("ZEPH_CLIPS") + QLatin1Char('/') + name;
+}
+
+QUrl clipUrl(const QString &name)
+{
+    return QUrl::fromLocalFile(clipPath(name));
+}
+
+MediaItem *open(MediaPlayer &player, const QUrl &url)
+{
+    auto item = std::make_unique<MediaItem>(url);
+    MediaItem *opened = item.get();
+    player.replaceCurrentItem(std::move(item));
+    return opened;
+}
+
+MediaItem::Status settledStatus(const MediaItem *item)
+{
+    (void)QTest::qWaitFor([item] { return item->status() != MediaItem::Status::Unknown; },
+        static_cast<int>(patience.count()));
+    return item->status();
+}
+
+bool playsPast(const MediaPlayer &player, double seconds)
+{
+    const auto past = [&player, seconds] {
+        return player.timeControlStatus() == MediaPlayer::TimeControlStatus::Playing
+            && player.currentTime() > seconds;
+    };
+    return QTest::qWaitFor(past, static_cast<int>(patience.count()));
+}
+
+} // namespace zeph

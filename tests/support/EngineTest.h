@@ -1,0 +1,47 @@
+// What the tests that play something share.
+#pragma once
+
+#include "platform/MediaPlayer.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+#include <chrono>
+#include <clocale>
+#include <memory>
+
+namespace zeph {
+
+/// How long a test waits for what has to happen: long enough for a busy machine and sanitizers.
+constexpr std::chrono::milliseconds patience { 20000 };
+
+/// One of the clips that tests/clips/make-clips makes.
+QString clipPath(const QString &name);
+QUrl clipUrl(const QString &name);
+
+/// Makes `player` open the address, and answers with the item, which the player owns.
+MediaItem *open(MediaPlayer &player, const QUrl &url);
+
+/// Waits until the item is ready or has failed, and answers with which; `Unknown` when it is
+/// neither in time.
+MediaItem::Status settledStatus(const MediaItem *item);
+
+/// Waits until `player` plays and has got past `seconds`.
+bool playsPast(const MediaPlayer &player, double seconds);
+
+} // namespace zeph
+
+#define ZEPH_WAIT_UNTIL(condition)                                                                 \
+    QTRY_VERIFY_WITH_TIMEOUT(condition, static_cast<int>(zeph::patience.count()))
+
+// QTEST_GUILESS_MAIN with the number format that the engine needs, whatever the user's locale: the
+// application object sets that of the environment.
+#define ZEPH_ENGINE_TEST_MAIN(TestClass)                                                           \
+    int main(int argc, char **argv)                                                                \
+    {                                                                                              \
+        QCoreApplication app(argc, argv);                                                          \
+        std::setlocale(LC_NUMERIC, "C");                                                           \
+        TestClass test;                                                                            \
+        QTEST_SET_MAIN_SOURCE_PATH                                                                 \
+        return QTest::qExec(&test, argc, argv);                                                    \
+    }

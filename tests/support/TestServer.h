@@ -1,0 +1,88 @@
+// A web server for tests.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QMutex>
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+#include <QWaitCondition>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <thread>
+
+namespace httplib {
+class Server;
+struct Request;
+struct Response;
+} // namespace httplib
+
+namespace zeph {
+
+/// A certificate and its private key, in PEM files.
+struct ServerCertificate {
+    QString certificateFile;
+    QString keyFile;
+};
+
+/// Serves the files of a folder on a free port of 127.0.0.1, with range requests, from the moment
+/// it is made; over https when it is given a certificate. Single paths can be made to misbehave.
+/// Its functions may be called from any one thread.
+class TestServer {
+public:
+    explicit TestServer(QString folder, std::optional<ServerCertificate> certificate = {});
+    ~TestServer();
+    TestServer(const TestServer &) = delete;
+    TestServer &operator=(const TestServer &) = delete;
+
+    /// `path` begins with "/".
+    QUrl url(const QString &path, const QString &host = QStringLiteral("127.0.0.1")) const;
+
+    /// Answers at `path` with these bytes instead of a file.
+    void serve(const QString &path, const QByteArray &body,
+        const QByteArray &type = "application/octet-stream");
+    /// Promises the whole file, but hangs up after its first `bytes`, each time.
+    void cutOff(const QString &path, qint64 bytes);
+    /// Takes the request and says nothing until `release`.
+    void hang(const QString &path);
+    /// Answers the requests that hang, now and from now on, with 404.
+    void release();
+    void redirect(const QString &path, const QByteArray &location);
+
+    /// Ends all connections and refuses new ones.
+    void stop();
+    /// Comes back on the same port.
+    void start();
+
+    int requestCount(const QString &path) const;
+    /// A header of the last request for `path`.
+    QByteArray lastHeader(const QString &path, const char *name) const;
+
+private:
+    using Handler = std::function<void(const httplib::Request &, httplib::Response &)>;
+    struct Record {
+        int count = 0;
+        QHash<QByteArray, QByteArray> lastHeaders; ///< By lower-case name.
+    };
+
+    void answer(const QString &path, Handler handler);
+    void handle(const httplib::Request &request, httplib::Response &response);
+    void sendFile(const QString &path, httplib::Response &response) const;
+
+    const QString m_folder;
+    const std::optional<ServerCertificate> m_certificate;
+    int m_port = 0;
+    std::unique_ptr<httplib::Server> m_server;
+    std::thread m_thread;
+
+    mutable QMutex m_mutex; ///< Guards all below.
+    QWaitCondition m_releasedChanged;
+    bool m_released = false;
+    QHash<QString, Handler> m_handlers;
+    QHash<QString, Record> m_records;
+};
+
+} // namespace zeph
