@@ -151,6 +151,7 @@ void MediaPlayer::replaceCurrentItem(std::unique_ptr<MediaItem> item)
     if (!item && !m_item)
         return;
     const std::unique_ptr<MediaItem> old = std::exchange(m_item, std::move(item));
+    forgetLoad();
     m_liveReload.reset();
     m_seekWhenOpen.reset();
     m_seekTarget.reset();
@@ -161,8 +162,6 @@ void MediaPlayer::replaceCurrentItem(std::unique_ptr<MediaItem> item)
     if (m_item) {
         openItem();
     } else {
-        ++m_load;
-        m_entry = 0;
         if (m_client)
             m_client->command({ "stop" });
         setStage(Stage::Empty);
@@ -186,18 +185,26 @@ void MediaPlayer::openItem()
         prepare();
         return;
     }
-    m_client->unobserve(ticket(Purpose::Item, m_load));
-    m_client->unobserve(ticket(Purpose::End, m_load));
+    forgetLoad();
+    m_client->load(m_load, *address);
+    setStage(Stage::Opening);
+}
+
+// What the engine still says of the load is stale from now on.
+void MediaPlayer::forgetLoad()
+{
+    if (m_client) {
+        m_client->unobserve(ticket(Purpose::Item, m_load));
+        m_client->unobserve(ticket(Purpose::End, m_load));
+    }
+    ++m_load;
     m_entry = 0;
     m_entryStarted = false;
-    m_client->load(++m_load, *address);
-    setStage(Stage::Opening);
 }
 
 void MediaPlayer::failItem(const QString &errorText)
 {
-    ++m_load;
-    m_entry = 0;
+    forgetLoad();
     if (m_client)
         m_client->command({ "stop" });
     setStage(Stage::Failed);

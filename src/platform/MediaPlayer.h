@@ -132,6 +132,7 @@ private:
 
     void engineLoaded();
     void openItem();
+    void forgetLoad();
     void failItem(const QString &errorText);
     void itemOpened(const QVariant &duration);
     void itemEnded();
