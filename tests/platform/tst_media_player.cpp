@@ -232,6 +232,13 @@ void TestMediaPlayer::reportsEachStatusOnce()
     const QList<Status> expected { Status::WaitingToPlayAtSpecifiedRate, Status::Playing,
         Status::Paused };
     QCOMPARE(statuses, expected);
+
+    // At its end an item does not wait.
+    player.play();
+    QVERIFY(playsPast(player, 0.6));
+    statuses.clear();
+    ZEPH_WAIT_UNTIL(player.rate() == 0);
+    QCOMPARE(statuses, QList<Status> { Status::Paused });
 }
 
 void TestMediaPlayer::replaysFromItsEnd()
@@ -631,7 +638,7 @@ void TestMediaPlayer::jumpsOutOfRange()
 
 void TestMediaPlayer::jumpsOnceOpen()
 {
-    for (int round = 0; round < 20; ++round) {
+    for (int round = 0; round < 5; ++round) {
         MediaPlayer player;
         const MediaItem *item = open(player, longClip());
         player.seek(-1);

@@ -6,7 +6,10 @@ namespace zeph {
 
 QString clipPath(const QString &name)
 {
-    return qEnvironmentVariable("ZEPH_CLIPS") + QLatin1Char('/') + name;
+    const QString folder = qEnvironmentVariable("ZEPH_CLIPS");
+    if (folder.isEmpty())
+        qFatal("ZEPH_CLIPS has to name the folder that tests/clips/make-clips has filled");
+    return folder + QLatin1Char('/') + name;
 }
 
 QUrl clipUrl(const QString &name)
