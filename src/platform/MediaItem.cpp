@@ -1,5 +1,6 @@
 #include "platform/MediaItem.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -11,48 +12,23 @@ MediaItem::MediaItem(QUrl url, QObject *parent)
 {
 }
 
-void MediaItem::setReadyToPlay(bool live)
-{
-    m_live = live;
-    m_errorText.clear();
-    setStatus(Status::ReadyToPlay);
-}
-
-void MediaItem::setFailed(const QString &errorText)
-{
-    m_errorText = errorText;
-    setStatus(Status::Failed);
-}
-
-void MediaItem::setStatus(Status status)
-{
-    if (std::exchange(m_status, status) != status)
-        Q_EMIT statusChanged();
-}
-
-void MediaItem::setDuration(double seconds)
+void MediaItem::update(State state)
 {
     // A live stream reports what has been sent of it so far, which is not a length.
-    const double duration = m_live || !std::isfinite(seconds) ? 0 : std::max(seconds, 0.0);
-    if (std::exchange(m_duration, duration) != duration)
+    if (state.isLive || !std::isfinite(state.duration))
+        state.duration = 0;
+    state.duration = std::max(state.duration, 0.0);
+
+    const State old = std::exchange(m_state, std::move(state));
+    if (old.status != m_state.status)
+        Q_EMIT statusChanged();
+    if (old.duration != m_state.duration)
         Q_EMIT durationChanged();
-}
-
-void MediaItem::setPresentationSize(QSizeF size)
-{
-    if (std::exchange(m_presentationSize, size) != size)
+    if (old.presentationSize != m_state.presentationSize)
         Q_EMIT presentationSizeChanged();
-}
-
-void MediaItem::setPlaybackBufferEmpty(bool empty)
-{
-    if (std::exchange(m_playbackBufferEmpty, empty) != empty)
+    if (old.isPlaybackBufferEmpty != m_state.isPlaybackBufferEmpty)
         Q_EMIT playbackBufferEmptyChanged();
-}
-
-void MediaItem::setPlaybackLikelyToKeepUp(bool likely)
-{
-    if (std::exchange(m_playbackLikelyToKeepUp, likely) != likely)
+    if (old.isPlaybackLikelyToKeepUp != m_state.isPlaybackLikelyToKeepUp)
         Q_EMIT playbackLikelyToKeepUpChanged();
 }
 

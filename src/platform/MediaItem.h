@@ -25,23 +25,23 @@ public:
 
     const QUrl &url() const { return m_url; }
 
-    Status status() const { return m_status; }
+    Status status() const { return m_state.status; }
     /// A sentence for the user; empty unless the status is `Failed`.
-    const QString &errorText() const { return m_errorText; }
+    const QString &errorText() const { return m_state.errorText; }
 
     /// Seconds. 0 while unknown, and for a live stream, which has no end.
-    double duration() const { return m_duration; }
+    double duration() const { return m_state.duration; }
     /// A stream from the network without an end.
-    bool isLive() const { return m_live; }
+    bool isLive() const { return m_state.isLive; }
 
     /// The size at which the picture is meant to be seen, with pixel aspect and rotation applied.
     /// 0 by 0 while unknown, and for sound alone.
-    QSizeF presentationSize() const { return m_presentationSize; }
+    QSizeF presentationSize() const { return m_state.presentationSize; }
 
     /// Playback has used up all that was loaded and waits for more.
-    bool isPlaybackBufferEmpty() const { return m_playbackBufferEmpty; }
+    bool isPlaybackBufferEmpty() const { return m_state.isPlaybackBufferEmpty; }
     /// Enough is loaded to play on without stalling.
-    bool isPlaybackLikelyToKeepUp() const { return m_playbackLikelyToKeepUp; }
+    bool isPlaybackLikelyToKeepUp() const { return m_state.isPlaybackLikelyToKeepUp; }
 
 Q_SIGNALS:
     void statusChanged();
@@ -53,22 +53,22 @@ Q_SIGNALS:
 private:
     friend class MediaPlayer;
 
-    void setReadyToPlay(bool live);
-    void setFailed(const QString &errorText);
-    void setStatus(Status status);
-    void setDuration(double seconds);
-    void setPresentationSize(QSizeF size);
-    void setPlaybackBufferEmpty(bool empty);
-    void setPlaybackLikelyToKeepUp(bool likely);
+    struct State {
+        Status status = Status::Unknown;
+        QString errorText;
+        double duration = 0;
+        bool isLive = false;
+        QSizeF presentationSize { 0, 0 };
+        bool isPlaybackBufferEmpty = true;
+        bool isPlaybackLikelyToKeepUp = false;
+    };
+
+    const State &state() const { return m_state; }
+    /// Takes over the whole of `state` before it tells of any change.
+    void update(State state);
 
     const QUrl m_url;
-    Status m_status = Status::Unknown;
-    QString m_errorText;
-    double m_duration = 0;
-    bool m_live = false;
-    QSizeF m_presentationSize { 0, 0 };
-    bool m_playbackBufferEmpty = true;
-    bool m_playbackLikelyToKeepUp = false;
+    State m_state;
 };
 
 } // namespace zeph

@@ -13,8 +13,8 @@ namespace {
 
 // What is asked of the engine carries its purpose in the lowest bits, and above them the number of
 // the load or jump that it belongs to.
-enum class Purpose : quint64 { Position, Landing, Duration, Seekable, FrameRate, Item, End };
-constexpr int purposeBits = 3;
+enum class Purpose : quint64 { Load, Seek, Position, Landing, Duration, Seekable, FrameRate, Item, End };
+constexpr int purposeBits = 4;
 
 quint64 ticket(Purpose purpose, quint64 owner)
 {
@@ -69,14 +69,15 @@ void MediaPlayer::engineLoaded()
         return;
     }
     m_client = std::make_unique<MpvClient>(handle);
-    connect(m_client.get(), &MpvClient::loadCommandFinished, this,
-            [this](quint64 load, qint64 entry) {
-                if (load == m_load)
-                    m_entry = entry;
-            });
+    connect(m_client.get(), &MpvClient::commandFinished, this, &MediaPlayer::onCommandFinished);
     connect(m_client.get(), &MpvClient::fileStarted, this, &MediaPlayer::onFileStarted);
+    connect(m_client.get(), &MpvClient::fileOpened, this, [this](bool lengthKnown) {
+        if (m_entryStarted)
+            m_reported.lengthKnown = lengthKnown;
+    });
     connect(m_client.get(), &MpvClient::fileLoaded, this, &MediaPlayer::onFileLoaded);
     connect(m_client.get(), &MpvClient::fileEnded, this, &MediaPlayer::onFileEnded);
+    connect(m_client.get(), &MpvClient::seekStarted, this, [this] { m_startedJump = m_queuedJump; });
     connect(m_client.get(), &MpvClient::playbackRestarted, this, &MediaPlayer::onPlaybackRestarted);
     connect(m_client.get(), &MpvClient::propertyChanged, this,
             [this](quint64 observation, const QByteArray &property, const QVariant &value) {
@@ -150,7 +151,12 @@ void MediaPlayer::replaceCurrentItem(std::unique_ptr<MediaItem> item)
 {
     if (!item && !m_item)
         return;
-    const std::unique_ptr<MediaItem> old = std::exchange(m_item, std::move(item));
+    if (m_item) {
+        // It may be the item itself that is telling of its news right now.
+        m_item->setParent(this);
+        m_item.release()->deleteLater();
+    }
+    m_item = std::move(item);
     forgetLoad();
     m_liveReload.reset();
     m_seekWhenOpen.reset();
@@ -186,7 +192,7 @@ void MediaPlayer::openItem()
         return;
     }
     forgetLoad();
-    m_client->load(m_load, *address);
+    m_client->command({ "loadfile", *address }, ticket(Purpose::Load, m_load));
     setStage(Stage::Opening);
 }
 
@@ -204,13 +210,23 @@ void MediaPlayer::forgetLoad()
 
 void MediaPlayer::failItem(const QString &errorText)
 {
+    MediaItem *item = m_item.get();
+    MediaItem::State state;
+    state.status = MediaItem::Status::Failed;
+    state.errorText = errorText;
     forgetLoad();
     if (m_client)
         m_client->command({ "stop" });
     setStage(Stage::Failed);
-    m_item->setPlaybackBufferEmpty(true);
-    m_item->setPlaybackLikelyToKeepUp(false);
-    m_item->setFailed(errorText);
+    item->update(state);
+}
+
+void MediaPlayer::onCommandFinished(quint64 command, qint64 entry)
+{
+    if (command == ticket(Purpose::Load, m_load))
+        m_entry = entry;
+    else if (command == ticket(Purpose::Seek, m_jumps))
+        m_queuedJump = m_jumps;
 }
 
 void MediaPlayer::onFileStarted(qint64 entry)
@@ -260,19 +276,22 @@ void MediaPlayer::onAnswer(quint64 question, const QVariant &value)
     }
 }
 
-// Whether there is a duration at this moment tells a live stream, whose duration comes later.
 void MediaPlayer::itemOpened(const QVariant &duration)
 {
-    const bool wasLive = m_item->isLive();
-    const bool isLive = !duration.isValid() && !m_item->url().isLocalFile();
+    MediaItem *item = m_item.get();
+    const bool wasLive = item->isLive();
+    MediaItem::State state;
+    state.status = MediaItem::Status::ReadyToPlay;
+    state.isLive = !m_reported.lengthKnown && !item->url().isLocalFile();
+    state.duration = duration.toDouble();
+    const quint64 load = m_load;
     setStage(Stage::Open);
-    m_item->setReadyToPlay(isLive);
-    m_item->setDuration(duration.toDouble());
-    updatePresentationSize();
-    updateBuffering();
+    item->update(reportedOf(state));
+    if (load != m_load)
+        return;
     // A live stream that comes back with an end is over: show that end, not all of it again.
-    if (wasLive && !isLive)
-        seekInItem(m_item->duration());
+    if (wasLive && !item->isLive())
+        seekInItem(item->duration());
     else if (const auto seconds = std::exchange(m_seekWhenOpen, {}))
         seekInItem(*seconds);
     else if (m_reported.ended)
@@ -295,20 +314,25 @@ void MediaPlayer::itemEnded()
         dropped();
         return;
     }
-    setStage(Stage::Ended);
+    m_stage = Stage::Ended;
     if (m_item->duration() > 0)
         setCurrentTime(m_item->duration());
+    // Only now is the status looked at: at its end an item does not wait.
     setPlaying(false);
+    updateTimeControlStatus();
 }
 
 // The end of a live stream is a loss: its source went away, and may come back.
 void MediaPlayer::dropped()
 {
-    setStage(Stage::Dropped);
-    m_item->setPlaybackBufferEmpty(true);
-    m_item->setPlaybackLikelyToKeepUp(false);
+    MediaItem *item = m_item.get();
+    MediaItem::State state = item->state();
+    state.isPlaybackBufferEmpty = true;
+    state.isPlaybackLikelyToKeepUp = false;
     if (m_playing)
         m_liveReload.schedule([this] { openItem(); });
+    setStage(Stage::Dropped);
+    item->update(state);
 }
 
 void MediaPlayer::setStage(Stage stage)
@@ -380,51 +404,62 @@ void MediaPlayer::onPropertyChanged(const QByteArray &property, const QVariant &
         m_reported.ended = value.toBool();
         if (m_reported.ended && m_stage == Stage::Open)
             itemEnded();
+    } else if (property == "duration") {
+        updateDuration(value.toDouble());
     } else if (property == "paused-for-cache") {
         m_reported.stalled = value.toBool();
-        updateBuffering();
+        updateItem();
     } else if (property == "cache-buffering-state") {
         m_reported.bufferingPercent = value.toDouble();
-        updateBuffering();
-    } else if (property == "duration") {
-        if (m_stage == Stage::Open)
-            m_item->setDuration(value.toDouble());
+        updateItem();
     } else if (property == "dwidth") {
         m_reported.width = value.toDouble();
-        updatePresentationSize();
+        updateItem();
     } else if (property == "dheight") {
         m_reported.height = value.toDouble();
-        updatePresentationSize();
+        updateItem();
     } else if (property == "video-out-params/rotate") {
         m_reported.rotation = value.toDouble();
-        updatePresentationSize();
+        updateItem();
     } else if (property == "current-tracks/video/demux-rotation") {
         m_reported.trackRotation = value.toDouble();
-        updatePresentationSize();
         Q_EMIT pictureRotationChanged();
+        updateItem();
     }
 }
 
-void MediaPlayer::updateBuffering()
+void MediaPlayer::updateDuration(double seconds)
 {
-    if (m_stage != Stage::Open && m_stage != Stage::Ended)
+    if (m_stage != Stage::Open)
         return;
-    m_item->setPlaybackBufferEmpty(m_reported.stalled);
-    m_item->setPlaybackLikelyToKeepUp(!m_reported.stalled && m_reported.bufferingPercent >= 100);
+    MediaItem::State state = m_item->state();
+    state.duration = seconds;
+    m_item->update(state);
 }
 
-void MediaPlayer::updatePresentationSize()
+// `state`, with what the engine reports all the time.
+MediaItem::State MediaPlayer::reportedOf(MediaItem::State state) const
+{
+    state.isPlaybackBufferEmpty = m_reported.stalled;
+    state.isPlaybackLikelyToKeepUp = !m_reported.stalled && m_reported.bufferingPercent >= 100;
+    state.presentationSize = QSizeF(m_reported.width, m_reported.height);
+    // The engine reports one side after the other.
+    if (state.presentationSize.isEmpty())
+        state.presentationSize = QSizeF(0, 0);
+    if (std::fmod(m_reported.rotation + pictureRotation(), 180) != 0)
+        state.presentationSize.transpose();
+    return state;
+}
+
+void MediaPlayer::updateItem()
 {
     if (m_stage != Stage::Open && m_stage != Stage::Ended)
         return;
-    QSizeF size(m_reported.width, m_reported.height);
-    // The engine reports one side after the other.
-    if (size.isEmpty())
-        size = QSizeF(0, 0);
-    if (std::fmod(m_reported.rotation + pictureRotation(), 180) != 0)
-        size.transpose();
-    m_item->setPresentationSize(size);
-    notifyTimeObservers();
+    const QSizeF size = m_item->presentationSize();
+    const MediaItem::State state = reportedOf(m_item->state());
+    if (state.presentationSize != size)
+        notifyTimeObservers();
+    m_item->update(state);
 }
 
 // ---- Time
@@ -458,7 +493,8 @@ void MediaPlayer::seekInItem(double seconds)
     setStage(Stage::Open);
     setCurrentTime(seconds);
     m_client->setNumber("hr-seek-demuxer-offset", m_seekLead);
-    m_client->command({ "seek", QByteArray::number(target, 'f', 6), "absolute+exact" });
+    m_client->command({ "seek", QByteArray::number(target, 'f', 6), "absolute+exact" },
+                      ticket(Purpose::Seek, m_jumps));
 }
 
 // A container without an index (MPEG-TS is one) cannot tell where the last key picture before a time
@@ -486,7 +522,9 @@ void MediaPlayer::onPlaybackRestarted()
     if (!m_entryStarted)
         return;
     observeEnd();
-    if (m_stage == Stage::Open)
+    if (!m_seekTarget)
+        requestPosition();
+    else if (m_startedJump == m_jumps && m_stage == Stage::Open)
         m_client->request(ticket(Purpose::Landing, m_jumps), "time-pos", MPV_FORMAT_DOUBLE);
 }
 

@@ -102,6 +102,7 @@ private:
         bool ended = false;
         bool stalled = false;
         double bufferingPercent = 0;
+        bool lengthKnown = false;
         bool seekable = false;
         double width = 0;
         double height = 0;
@@ -140,8 +141,9 @@ private:
     void setStage(Stage stage);
     void setPlaying(bool playing);
     void updateTimeControlStatus();
-    void updateBuffering();
-    void updatePresentationSize();
+    MediaItem::State reportedOf(MediaItem::State state) const;
+    void updateItem();
+    void updateDuration(double seconds);
     void seekInItem(double seconds);
     void landed(double position);
     void requestPosition();
@@ -149,6 +151,7 @@ private:
     void notifyTimeObservers();
     void callTimeObservers();
 
+    void onCommandFinished(quint64 command, qint64 entry);
     void onFileStarted(qint64 entry);
     void onFileLoaded();
     void onFileEnded(qint64 entry, const QString &error);
@@ -174,7 +177,9 @@ private:
     bool m_playing = false;
     TimeControlStatus m_timeControlStatus = TimeControlStatus::Paused;
     double m_currentTime = 0;
-    quint32 m_jumps = 0; ///< Counts jumps in time: a position asked for before the last is stale.
+    quint64 m_jumps = 0; ///< Counts jumps in time: a position asked for before the last is stale.
+    quint64 m_queuedJump = 0;  ///< The last jump that the engine has taken note of.
+    quint64 m_startedJump = 0; ///< The last jump that it has begun with.
     std::optional<double> m_seekWhenOpen;
     std::optional<double> m_seekTarget;  ///< Until the engine has landed there.
     std::optional<double> m_lastLanding;

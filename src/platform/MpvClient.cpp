@@ -4,6 +4,7 @@
 #include <QVarLengthArray>
 
 #include <cstring>
+#include <limits>
 #include <utility>
 
 namespace zeph {
@@ -23,6 +24,9 @@ QVariant toVariant(const mpv_event_property &property)
         return {};
     }
 }
+
+// A number for a request of our own that no one else uses.
+constexpr quint64 lengthRequest = std::numeric_limits<quint64>::max();
 
 // The answer to a load command is a map that holds the number of the entry.
 qint64 playlistEntry(const mpv_node &result)
@@ -45,6 +49,7 @@ MpvClient::MpvClient(std::shared_ptr<MpvHandle> handle, QObject *parent)
 {
     const auto wakeUp = [](void *client) { static_cast<MpvClient *>(client)->scheduleEvents(); };
     m_handle->library().set_wakeup_callback(m_handle->get(), wakeUp, this);
+    m_handle->library().hook_add(m_handle->get(), 0, "on_preloaded", 0);
 }
 
 MpvClient::~MpvClient()
@@ -52,19 +57,13 @@ MpvClient::~MpvClient()
     m_handle->library().set_wakeup_callback(m_handle->get(), nullptr, nullptr);
 }
 
-void MpvClient::load(quint64 request, const QByteArray &address)
-{
-    const char *arguments[] = { "loadfile", address.constData(), "replace", nullptr };
-    m_handle->library().command_async(m_handle->get(), request, arguments);
-}
-
-void MpvClient::command(const QList<QByteArray> &arguments)
+void MpvClient::command(const QList<QByteArray> &arguments, quint64 request)
 {
     QVarLengthArray<const char *, 8> pointers;
     for (const QByteArray &argument : arguments)
         pointers.append(argument.constData());
     pointers.append(nullptr);
-    m_handle->library().command_async(m_handle->get(), 0, pointers.data());
+    m_handle->library().command_async(m_handle->get(), request, pointers.data());
 }
 
 void MpvClient::setFlag(const char *property, bool value)
@@ -125,11 +124,16 @@ void MpvClient::handleEvent(const mpv_event &event)
     case MPV_EVENT_COMMAND_REPLY:
         if (event.reply_userdata != 0) {
             const auto &reply = *static_cast<mpv_event_command *>(event.data);
-            Q_EMIT loadCommandFinished(event.reply_userdata, playlistEntry(reply.result));
+            Q_EMIT commandFinished(event.reply_userdata, playlistEntry(reply.result));
         }
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY: {
         const bool available = event.error >= 0;
+        if (event.reply_userdata == lengthRequest) {
+            m_handle->library().hook_continue(m_handle->get(), m_openingHook);
+            Q_EMIT fileOpened(available);
+            break;
+        }
         const auto &property = *static_cast<mpv_event_property *>(event.data);
         Q_EMIT answered(event.reply_userdata, available ? toVariant(property) : QVariant());
         break;
@@ -142,6 +146,10 @@ void MpvClient::handleEvent(const mpv_event &event)
     case MPV_EVENT_START_FILE:
         Q_EMIT fileStarted(static_cast<mpv_event_start_file *>(event.data)->playlist_entry_id);
         break;
+    case MPV_EVENT_HOOK:
+        m_openingHook = static_cast<mpv_event_hook *>(event.data)->id;
+        request(lengthRequest, "duration", MPV_FORMAT_DOUBLE);
+        break;
     case MPV_EVENT_FILE_LOADED:
         Q_EMIT fileLoaded();
         break;
@@ -152,6 +160,9 @@ void MpvClient::handleEvent(const mpv_event &event)
         Q_EMIT fileEnded(end.playlist_entry_id, QString::fromUtf8(error));
         break;
     }
+    case MPV_EVENT_SEEK:
+        Q_EMIT seekStarted();
+        break;
     case MPV_EVENT_PLAYBACK_RESTART:
         Q_EMIT playbackRestarted();
         break;

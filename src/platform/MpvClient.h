@@ -24,9 +24,8 @@ public:
 
     const std::shared_ptr<MpvHandle> &handle() const { return m_handle; }
 
-    /// `loadCommandFinished` answers for the command under `request`.
-    void load(quint64 request, const QByteArray &address);
-    void command(const QList<QByteArray> &arguments);
+    /// `commandFinished` answers under `request`, unless that is 0.
+    void command(const QList<QByteArray> &arguments, quint64 request = 0);
 
     void setFlag(const char *property, bool value);
     void setNumber(const char *property, double value);
@@ -39,13 +38,18 @@ public:
     void request(quint64 question, const char *property, mpv_format format);
 
 Q_SIGNALS:
-    /// `entry` is the number that the core gives to what it loads; it comes back in `fileStarted`
-    /// and `fileEnded`.
-    void loadCommandFinished(quint64 request, qint64 entry);
+    /// The core has taken note of the command, not carried it out. Of what it is to load, `entry` is
+    /// the number that comes back in `fileStarted` and `fileEnded`; otherwise it is 0.
+    void commandFinished(quint64 request, qint64 entry);
     void fileStarted(qint64 entry);
+    /// The file is open, and nothing but its head has been read. Whether its length is known tells at
+    /// this moment only: later it counts as as long as what has been read of it.
+    void fileOpened(bool lengthKnown);
     void fileLoaded();
     /// `error` is empty when the file ended or was replaced, else a sentence.
     void fileEnded(qint64 entry, const QString &error);
+    /// The core begins with the last seek that it has taken note of.
+    void seekStarted();
     /// Playing goes on after a load or a seek; the picture and the position are the new ones.
     void playbackRestarted();
     /// An invalid value means that the property is unavailable.
@@ -60,6 +64,7 @@ private:
 
     const std::shared_ptr<MpvHandle> m_handle;
     std::atomic<bool> m_eventsScheduled = false;
+    quint64 m_openingHook = 0; ///< The core holds a file that it has opened until this continues.
 };
 
 } // namespace zeph

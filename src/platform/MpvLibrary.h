@@ -22,6 +22,8 @@ struct MpvLibrary {
     decltype(&::mpv_get_property_async) get_property_async = nullptr;
     decltype(&::mpv_observe_property) observe_property = nullptr;
     decltype(&::mpv_unobserve_property) unobserve_property = nullptr;
+    decltype(&::mpv_hook_add) hook_add = nullptr;
+    decltype(&::mpv_hook_continue) hook_continue = nullptr;
     decltype(&::mpv_wait_event) wait_event = nullptr;
     decltype(&::mpv_set_wakeup_callback) set_wakeup_callback = nullptr;
     decltype(&::mpv_render_context_create) render_context_create = nullptr;
