@@ -101,6 +101,11 @@ void TestServer::serve(const QString &path, const QByteArray &body, const QByteA
     });
 }
 
+void TestServer::serveFile(const QString &path)
+{
+    answer(path, {});
+}
+
 void TestServer::cutOff(const QString &path, qint64 bytes)
 {
     QFile file(m_folder + path);

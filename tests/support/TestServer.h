@@ -44,6 +44,8 @@ public:
     /// Answers at `path` with these bytes instead of a file.
     void serve(const QString &path, const QByteArray &body,
         const QByteArray &type = "application/octet-stream");
+    /// Answers at `path` with the file again.
+    void serveFile(const QString &path);
     /// Promises the whole file, but hangs up after its first `bytes`, each time.
     void cutOff(const QString &path, qint64 bytes);
     /// Takes the request and says nothing until `release`.
