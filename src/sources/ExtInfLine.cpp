@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace zeph {
 
@@ -39,6 +40,12 @@ bool endsWithIgnoringCase(QByteArrayView text, QByteArrayView name)
             [](char expected, char actual) { return expected == toLowerAscii(actual); });
 }
 
+const char *findQuote(const char *begin, const char *end)
+{
+    return static_cast<const char *>(
+        std::memchr(begin, '"', static_cast<std::size_t>(end - begin)));
+}
+
 // The first comma ends the attributes, be it quoted or not. A title of nothing but blanks is one,
 // but no title at all makes a title of what stands before the comma.
 QByteArrayView titleOf(QByteArrayView trimmed, bool blanksFollow)
@@ -67,17 +74,18 @@ ExtInfLine ExtInfLine::read(QByteArrayView trimmed, bool blanksFollow)
     // Each attribute starts at its name, "=" and a quote, wherever that is for the first time, and
     // ends at the next quote. Every quote may be the opening one of some attribute.
     std::array<bool, attributes.size()> found {};
-    for (qsizetype quote = trimmed.indexOf('"'); quote >= 0;) {
-        const qsizetype next = trimmed.indexOf('"', quote + 1);
-        if (next < 0)
+    const char *quote = findQuote(trimmed.begin(), trimmed.end());
+    while (quote) {
+        const char *const next = findQuote(quote + 1, trimmed.end());
+        if (!next)
             break;
-        if (trimmed[quote - 1] == '=') {
-            const QByteArrayView before = trimmed.first(quote - 1);
+        // The directive stands before the first quote.
+        if (quote[-1] == '=') {
+            const QByteArrayView before(trimmed.begin(), quote - 1);
             for (std::size_t i = 0; i < attributes.size(); ++i) {
                 if (!found[i] && endsWithIgnoringCase(before, attributes[i].name)) {
                     found[i] = true;
-                    result.*attributes[i].value =
-                        trimmedUtf8(trimmed.sliced(quote + 1, next - quote - 1));
+                    result.*attributes[i].value = trimmedUtf8(QByteArrayView(quote + 1, next));
                 }
             }
         }
