@@ -172,7 +172,7 @@ void TestHls::pauseEndsReloading()
     QCOMPARE(player.timeControlStatus(), Status::Paused);
     QTest::qWait(300);
     const int attempts = station.server.requestCount(list);
-    QTest::qWait(5000);
+    QTest::qWait(3000);
     QCOMPARE(station.server.requestCount(list), attempts);
     QCOMPARE(player.timeControlStatus(), Status::Paused);
 
