@@ -84,6 +84,7 @@ void MediaPlayer::engineLoaded()
                 if (observation >> purposeBits == m_load)
                     onPropertyChanged(property, value);
             });
+    connect(m_client.get(), &MpvClient::eventsDrained, this, &MediaPlayer::onReportsComplete);
     connect(m_client.get(), &MpvClient::answered, this, &MediaPlayer::onAnswer);
 
     m_client->setFlag("pause", !m_playing);
@@ -283,7 +284,7 @@ void MediaPlayer::itemOpened(const QVariant &duration)
     MediaItem::State state;
     state.status = MediaItem::Status::ReadyToPlay;
     state.isLive = !m_reported.lengthKnown && !item->url().isLocalFile();
-    state.duration = duration.toDouble();
+    m_reported.duration = duration.toDouble();
     const quint64 load = m_load;
     setStage(Stage::Open);
     item->update(reportedOf(state));
@@ -397,69 +398,57 @@ void MediaPlayer::updateTimeControlStatus()
 
 void MediaPlayer::onPropertyChanged(const QByteArray &property, const QVariant &value)
 {
-    if (property == "core-idle") {
+    if (property == "core-idle")
         m_reported.idle = value.toBool();
-        updateTimeControlStatus();
-    } else if (property == "eof-reached") {
+    else if (property == "eof-reached")
         m_reported.ended = value.toBool();
-        if (m_reported.ended && m_stage == Stage::Open)
-            itemEnded();
-    } else if (property == "duration") {
-        updateDuration(value.toDouble());
-    } else if (property == "paused-for-cache") {
+    else if (property == "duration")
+        m_reported.duration = value.toDouble();
+    else if (property == "paused-for-cache")
         m_reported.stalled = value.toBool();
-        updateItem();
-    } else if (property == "cache-buffering-state") {
+    else if (property == "cache-buffering-state")
         m_reported.bufferingPercent = value.toDouble();
-        updateItem();
-    } else if (property == "dwidth") {
+    else if (property == "dwidth")
         m_reported.width = value.toDouble();
-        updateItem();
-    } else if (property == "dheight") {
+    else if (property == "dheight")
         m_reported.height = value.toDouble();
-        updateItem();
-    } else if (property == "video-out-params/rotate") {
+    else if (property == "video-out-params/rotate")
         m_reported.rotation = value.toDouble();
-        updateItem();
-    } else if (property == "current-tracks/video/demux-rotation") {
+    else if (property == "current-tracks/video/demux-rotation")
         m_reported.trackRotation = value.toDouble();
-        Q_EMIT pictureRotationChanged();
-        updateItem();
-    }
 }
 
-void MediaPlayer::updateDuration(double seconds)
+// The engine reports one property after the other; only together they make sense: width and height,
+// or that nothing moves because the end is reached.
+void MediaPlayer::onReportsComplete()
 {
-    if (m_stage != Stage::Open)
+    if (m_stage != Stage::Open && m_stage != Stage::Ended)
         return;
-    MediaItem::State state = m_item->state();
-    state.duration = seconds;
-    m_item->update(state);
+    MediaItem *item = m_item.get();
+    const MediaItem::State state = reportedOf(item->state());
+    if (state.presentationSize != item->presentationSize()) {
+        Q_EMIT pictureRotationChanged();
+        notifyTimeObservers();
+    }
+    if (m_reported.ended && m_stage == Stage::Open)
+        itemEnded();
+    else
+        updateTimeControlStatus();
+    item->update(state);
 }
 
 // `state`, with what the engine reports all the time.
 MediaItem::State MediaPlayer::reportedOf(MediaItem::State state) const
 {
+    state.duration = m_reported.duration;
     state.isPlaybackBufferEmpty = m_reported.stalled;
     state.isPlaybackLikelyToKeepUp = !m_reported.stalled && m_reported.bufferingPercent >= 100;
     state.presentationSize = QSizeF(m_reported.width, m_reported.height);
-    // The engine reports one side after the other.
     if (state.presentationSize.isEmpty())
         state.presentationSize = QSizeF(0, 0);
     if (std::fmod(m_reported.rotation + pictureRotation(), 180) != 0)
         state.presentationSize.transpose();
     return state;
-}
-
-void MediaPlayer::updateItem()
-{
-    if (m_stage != Stage::Open && m_stage != Stage::Ended)
-        return;
-    const QSizeF size = m_item->presentationSize();
-    const MediaItem::State state = reportedOf(m_item->state());
-    if (state.presentationSize != size)
-        notifyTimeObservers();
-    m_item->update(state);
 }
 
 // ---- Time
@@ -490,6 +479,7 @@ void MediaPlayer::seekInItem(double seconds)
 
     ++m_jumps;
     m_seekTarget = seconds;
+    m_reported.ended = false;
     setStage(Stage::Open);
     setCurrentTime(seconds);
     m_client->setNumber("hr-seek-demuxer-offset", m_seekLead);

@@ -47,7 +47,7 @@ public:
 
     MediaItem *currentItem() const { return m_item.get(); }
     /// Plays `item` from its beginning at the current rate. Null removes the item. The old item is
-    /// destroyed.
+    /// destroyed when control returns to the event loop.
     void replaceCurrentItem(std::unique_ptr<MediaItem> item);
 
     /// 0 or 1: what was asked for, also while an item loads, stalls or has failed. The end of an
@@ -101,6 +101,7 @@ private:
         bool idle = true;
         bool ended = false;
         bool stalled = false;
+        double duration = 0;
         double bufferingPercent = 0;
         bool lengthKnown = false;
         bool seekable = false;
@@ -142,8 +143,6 @@ private:
     void setPlaying(bool playing);
     void updateTimeControlStatus();
     MediaItem::State reportedOf(MediaItem::State state) const;
-    void updateItem();
-    void updateDuration(double seconds);
     void seekInItem(double seconds);
     void landed(double position);
     void requestPosition();
@@ -158,6 +157,7 @@ private:
     void onPlaybackRestarted();
     void observeEnd();
     void onPropertyChanged(const QByteArray &property, const QVariant &value);
+    void onReportsComplete();
     void onAnswer(quint64 question, const QVariant &value);
 
     std::future<std::shared_ptr<MpvHandle>> m_loading;

@@ -112,8 +112,10 @@ void MpvClient::drainEvents()
     const QPointer<MpvClient> self = this;
     while (self) {
         const mpv_event *event = handle->library().wait_event(handle->get(), 0);
-        if (event->event_id == MPV_EVENT_NONE)
+        if (event->event_id == MPV_EVENT_NONE) {
+            Q_EMIT eventsDrained();
             return;
+        }
         handleEvent(*event);
     }
 }

@@ -54,6 +54,8 @@ Q_SIGNALS:
     void playbackRestarted();
     /// An invalid value means that the property is unavailable.
     void propertyChanged(quint64 observation, const QByteArray &property, const QVariant &value);
+    /// All that the core had to say for now has been told.
+    void eventsDrained();
     /// An invalid value means that the property is unavailable.
     void answered(quint64 question, const QVariant &value);
 

@@ -440,8 +440,8 @@ void TestMediaPlayer::replacingDestroysTheOldItem()
     player.play();
     QVERIFY(playsPast(player, 0.3));
     const MediaItem *second = open(player, shortClip());
-    QVERIFY(!first);
     QCOMPARE(player.currentItem(), second);
+    QTRY_VERIFY(!first);
     QCOMPARE(player.currentTime(), 0);
     QCOMPARE(currentItemChanged.count(), 2);
     QCOMPARE(settledStatus(second), MediaItem::Status::ReadyToPlay);
@@ -459,8 +459,8 @@ void TestMediaPlayer::removingEmptiesThePlayer()
     player.play();
     QVERIFY(playsPast(player, 0.3));
     player.replaceCurrentItem({});
-    QVERIFY(!item);
     QCOMPARE(player.currentItem(), nullptr);
+    QTRY_VERIFY(!item);
     QCOMPARE(player.currentTime(), 0);
     QCOMPARE(currentItemChanged.count(), 2);
     player.replaceCurrentItem({});
