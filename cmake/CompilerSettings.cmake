@@ -20,6 +20,7 @@ if(ZEPH_SANITIZE)
     target_compile_options(zeph_compiler_settings INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(zeph_compiler_settings INTERFACE -fsanitize=address,undefined)
+    add_library(zeph_keep_libraries_loaded OBJECT "${CMAKE_CURRENT_LIST_DIR}/KeepLibrariesLoaded.cpp")
 endif()
 
 if(ZEPH_BUILD_FUZZERS)

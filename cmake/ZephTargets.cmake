@@ -8,6 +8,10 @@ function(zeph_configure_target target)
     # Our own QML modules are linked by name and Qt's are loaded at run time. Looking for more costs
     # each configuration its time, and newer versions of Qt warn about every one of Qt's.
     set_target_properties(${target} PROPERTIES QT_QML_MODULE_NO_IMPORT_SCAN ON)
+    get_target_property(type ${target} TYPE)
+    if(ZEPH_SANITIZE AND type STREQUAL "EXECUTABLE")
+        target_sources(${target} PRIVATE $<TARGET_OBJECTS:zeph_keep_libraries_loaded>)
+    endif()
     # Half of the build time of a small file is Qt's own headers.
     target_precompile_headers(${target} PRIVATE
         <QtCore/QObject> <QtCore/QString> <QtCore/QUrl> <QtCore/QVariant>
