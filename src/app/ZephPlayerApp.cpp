@@ -27,12 +27,14 @@ int ZephPlayerApp::run(int argc, char *argv[])
     // The application object takes over the user's locale; libmpv reads numbers as in C.
     std::setlocale(LC_NUMERIC, "C");
 
+    const QString argument = QCoreApplication::arguments().value(1);
     ZephPlayerApp app;
+    if (!argument.isEmpty())
+        app.preparePlayer();
     if (!app.showMainWindow())
         return EXIT_FAILURE;
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() > 1)
-        app.openUrl(addressFromArgument(arguments[1]));
+    if (!argument.isEmpty())
+        app.openUrl(addressFromArgument(argument));
     return QApplication::exec();
 }
 
@@ -41,6 +43,11 @@ ZephPlayerApp::ZephPlayerApp()
     QApplication::setQuitOnLastWindowClosed(
         m_appDelegate.applicationShouldTerminateAfterLastWindowClosed());
     m_appDelegate.applicationDidFinishLaunching();
+}
+
+void ZephPlayerApp::preparePlayer()
+{
+    m_player.player()->prepare();
 }
 
 bool ZephPlayerApp::showMainWindow()

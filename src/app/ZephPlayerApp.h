@@ -20,6 +20,8 @@ public:
 
     ZephPlayerApp();
 
+    /// Says that something is about to be played: its player loads while the window is made.
+    void preparePlayer();
     /// Opens the main window. False when it cannot be made.
     bool showMainWindow();
     /// The desktop hands over an address or a file.

@@ -1,6 +1,7 @@
 #include "platform/MediaPlayer.h"
 
 #include "platform/MediaAddress.h"
+#include "platform/MediaPlayerTicket.h"
 #include "platform/MpvClient.h"
 
 #include <algorithm>
@@ -10,16 +11,6 @@
 namespace zeph {
 
 namespace {
-
-// What is asked of the engine carries its purpose in the lowest bits, and above them the number of
-// the load or jump that it belongs to.
-enum class Purpose : quint64 { Load, Seek, Position, Landing, Duration, Seekable, FrameRate, Item, End };
-constexpr int purposeBits = 4;
-
-quint64 ticket(Purpose purpose, quint64 owner)
-{
-    return owner << purposeBits | static_cast<quint64>(purpose);
-}
 
 struct ObservedProperty {
     const char *name;
@@ -93,57 +84,6 @@ void MediaPlayer::engineLoaded()
     Q_EMIT engineReady();
     if (m_stage == Stage::Held)
         openItem();
-}
-
-// ---- Picture output
-
-std::shared_ptr<MpvHandle> MediaPlayer::engine() const
-{
-    return m_client ? m_client->handle() : nullptr;
-}
-
-int MediaPlayer::pictureRotation() const
-{
-    return m_engineTurnsPictures ? 0 : int(m_reported.trackRotation);
-}
-
-void MediaPlayer::attachVideoOutput()
-{
-    m_videoOutput = VideoOutput::Awaited;
-}
-
-void MediaPlayer::detachVideoOutput()
-{
-    videoOutputLost();
-}
-
-void MediaPlayer::videoOutputReady(bool openGL)
-{
-    m_videoOutput = VideoOutput::Ready;
-    // Without OpenGL there is no GPU, and looking for its decoders only costs time.
-    m_client->setText("hwdec", openGL ? "auto-safe" : "no");
-    setEngineTurnsPictures(openGL);
-    m_client->setText("vo", "libmpv");
-    if (m_stage == Stage::Held)
-        openItem();
-}
-
-void MediaPlayer::videoOutputLost()
-{
-    if (std::exchange(m_videoOutput, VideoOutput::None) == VideoOutput::None || !m_client)
-        return;
-    m_client->setText("vo", "null");
-    setEngineTurnsPictures(true);
-    if (m_stage == Stage::Held)
-        openItem();
-}
-
-// Drawing on the CPU, libmpv ends the process when it is to turn a picture.
-void MediaPlayer::setEngineTurnsPictures(bool turns)
-{
-    m_engineTurnsPictures = turns;
-    m_client->setText("video-rotate", turns ? "0" : "no");
-    Q_EMIT pictureRotationChanged();
 }
 
 // ---- The item
@@ -449,113 +389,6 @@ MediaItem::State MediaPlayer::reportedOf(MediaItem::State state) const
     if (std::fmod(m_reported.rotation + pictureRotation(), 180) != 0)
         state.presentationSize.transpose();
     return state;
-}
-
-// ---- Time
-
-void MediaPlayer::seek(double seconds)
-{
-    if (!m_item || !std::isfinite(seconds))
-        return;
-    const double target = std::max(seconds, 0.0);
-    if (m_stage == Stage::Open || m_stage == Stage::Ended)
-        seekInItem(target);
-    else if (m_stage == Stage::Held || m_stage == Stage::Opening)
-        m_seekWhenOpen = target;
-}
-
-void MediaPlayer::seekInItem(double seconds)
-{
-    if (!m_reported.seekable)
-        return;
-    // The engine shows the first picture at or after the time that it is given, less 5 ms. The
-    // picture of a time is the one that began before it, up to one frame earlier.
-    constexpr double engineTolerance = 0.005;
-    constexpr double timestampRounding = 0.001;
-    double target = seconds;
-    if (m_reported.framesPerSecond > 0)
-        target -= 1 / m_reported.framesPerSecond - engineTolerance - timestampRounding;
-    target = std::max(target, 0.0);
-
-    ++m_jumps;
-    m_seekTarget = seconds;
-    m_reported.ended = false;
-    setStage(Stage::Open);
-    setCurrentTime(seconds);
-    m_client->setNumber("hr-seek-demuxer-offset", m_seekLead);
-    m_client->command({ "seek", QByteArray::number(target, 'f', 6), "absolute+exact" },
-                      ticket(Purpose::Seek, m_jumps));
-}
-
-// A container without an index (MPEG-TS is one) cannot tell where the last key picture before a time
-// is: reading starts somewhere before it, and the first picture may come too late. Then reading has
-// to start earlier, for the rest of the item.
-void MediaPlayer::landed(double position)
-{
-    constexpr double shortestLead = 1;
-    constexpr double longestLead = 64;
-    constexpr double lateness = 0.1;
-    const bool late = m_seekTarget && position > *m_seekTarget + lateness;
-    const bool earlierHelps = position != m_lastLanding && m_seekLead < longestLead;
-    m_lastLanding = position;
-    if (late && earlierHelps && !m_item->isLive()) {
-        m_seekLead = std::max(m_seekLead * 4, shortestLead);
-        seekInItem(*m_seekTarget);
-    } else {
-        m_seekTarget.reset();
-        setCurrentTime(position);
-    }
-}
-
-void MediaPlayer::onPlaybackRestarted()
-{
-    if (!m_entryStarted)
-        return;
-    observeEnd();
-    if (!m_seekTarget)
-        requestPosition();
-    else if (m_startedJump == m_jumps && m_stage == Stage::Open)
-        m_client->request(ticket(Purpose::Landing, m_jumps), "time-pos", MPV_FORMAT_DOUBLE);
-}
-
-void MediaPlayer::requestPosition()
-{
-    if (m_client && m_stage == Stage::Open)
-        m_client->request(ticket(Purpose::Position, m_jumps), "time-pos", MPV_FORMAT_DOUBLE);
-}
-
-void MediaPlayer::setCurrentTime(double seconds)
-{
-    m_currentTime = seconds;
-    notifyTimeObservers();
-}
-
-int MediaPlayer::addPeriodicTimeObserver(TimeObserver observer)
-{
-    m_observers.push_back({ ++m_lastObserverToken, std::move(observer) });
-    return m_lastObserverToken;
-}
-
-void MediaPlayer::removeTimeObserver(int token)
-{
-    std::erase_if(m_observers, [token](const Observer &observer) { return observer.token == token; });
-}
-
-// Later, and once for several causes: an observer sees the player between two changes, never within.
-void MediaPlayer::notifyTimeObservers()
-{
-    if (std::exchange(m_observersDue, true))
-        return;
-    QMetaObject::invokeMethod(this, &MediaPlayer::callTimeObservers, Qt::QueuedConnection);
-}
-
-void MediaPlayer::callTimeObservers()
-{
-    m_observersDue = false;
-    // A copy: an observer may remove itself.
-    const std::vector<Observer> observers = m_observers;
-    for (const Observer &observer : observers)
-        observer.call(m_currentTime);
 }
 
 // ---- Sound
