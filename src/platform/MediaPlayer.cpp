@@ -370,7 +370,8 @@ void MediaPlayer::onReportsComplete()
         Q_EMIT pictureRotationChanged();
         notifyTimeObservers();
     }
-    if (m_reported.ended && m_stage == Stage::Open)
+    // While a seek is under way, an end is the one that it leaves.
+    if (m_reported.ended && m_stage == Stage::Open && !m_seekTarget)
         itemEnded();
     else
         updateTimeControlStatus();

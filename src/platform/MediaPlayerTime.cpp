@@ -66,6 +66,7 @@ void MediaPlayer::onPlaybackRestarted()
 {
     if (!m_entryStarted)
         return;
+    m_reported.ended = false;
     observeEnd();
     if (!m_seekTarget)
         requestPosition();
@@ -75,7 +76,9 @@ void MediaPlayer::onPlaybackRestarted()
 
 void MediaPlayer::requestPosition()
 {
-    if (m_client && m_stage == Stage::Open)
+    // Until the engine has begun with a seek, it answers with where it was before.
+    const bool seekAwaited = m_seekTarget && m_startedJump != m_jumps;
+    if (m_client && m_stage == Stage::Open && !seekAwaited)
         m_client->request(ticket(Purpose::Position, m_jumps), "time-pos", MPV_FORMAT_DOUBLE);
 }
 

@@ -54,11 +54,16 @@ public:
     /// The number of its window; empty until it shows.
     QString window() const
     {
+        if (!m_window.isEmpty())
+            return m_window;
         const QStringList windows
             = xdotool({ QStringLiteral("search"), QStringLiteral("--onlyvisible"),
                         QStringLiteral("--pid"), QString::number(id()) })
                   .split(u'\n', Qt::SkipEmptyParts);
-        return windows.isEmpty() ? QString() : windows.constLast();
+        // Once found it stays the one, also while the window manager takes it in.
+        if (!windows.isEmpty())
+            m_window = windows.constLast();
+        return m_window;
     }
     QString title() const { return xdotool({ QStringLiteral("getwindowname"), window() }); }
 
@@ -87,6 +92,7 @@ public:
 
 private:
     QProcess m_process;
+    mutable QString m_window;
 };
 
 } // namespace
