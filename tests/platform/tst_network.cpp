@@ -100,7 +100,7 @@ void TestNetwork::followsARedirect()
 
 void TestNetwork::trustsItsAuthority()
 {
-    const QString host = QStringLiteral("localhost");
+    const QString host = QStringLiteral("127.0.0.1");
     const TestServer server(folder(), m_authority->certify(host));
     MediaPlayer player;
     player.play();
@@ -112,7 +112,7 @@ void TestNetwork::refusesAnInvalidCertificate_data()
 {
     QTest::addColumn<bool>("trustedAuthority");
     QTest::addColumn<QString>("certifiedHost");
-    QTest::newRow("unknown authority") << false << QStringLiteral("localhost");
+    QTest::newRow("unknown authority") << false << QStringLiteral("127.0.0.1");
     QTest::newRow("other host") << true << QStringLiteral("example.org");
 }
 
@@ -125,7 +125,7 @@ void TestNetwork::refusesAnInvalidCertificate()
     const TestServer server(folder(), authority.certify(certifiedHost));
     MediaPlayer player;
     player.play();
-    open(player, server.url(QStringLiteral("/clip.mp4"), QStringLiteral("localhost")));
+    open(player, server.url(QStringLiteral("/clip.mp4"), QStringLiteral("127.0.0.1")));
     QCOMPARE(settledStatus(player.currentItem()), MediaItem::Status::Failed);
     QCOMPARE(server.requestCount(QStringLiteral("/clip.mp4")), 0);
 }
@@ -134,7 +134,7 @@ void TestNetwork::refusesAnInvalidCertificate()
 void TestNetwork::refusesAnInvalidCertificateOfASegment()
 {
     TestAuthority stranger;
-    const QString host = QStringLiteral("localhost");
+    const QString host = QStringLiteral("127.0.0.1");
     const TestServer segments(folder(), stranger.certify(host));
     const QByteArray segment = segments.url(QStringLiteral("/hls/index0.ts"), host).toEncoded();
     m_server->serve(QStringLiteral("/secure-segments.m3u8"),
@@ -150,7 +150,7 @@ void TestNetwork::refusesAnInvalidCertificateOfASegment()
 void TestNetwork::refusesAnInvalidCertificateAfterARedirect()
 {
     TestAuthority stranger;
-    const QString host = QStringLiteral("localhost");
+    const QString host = QStringLiteral("127.0.0.1");
     const TestServer server(folder(), stranger.certify(host));
     m_server->redirect(QStringLiteral("/to-secure.mp4"),
         server.url(QStringLiteral("/clip.mp4"), host).toEncoded());

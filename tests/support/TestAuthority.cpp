@@ -1,5 +1,6 @@
 #include "support/TestAuthority.h"
 
+#include <QHostAddress>
 #include <QProcess>
 
 namespace zeph {
@@ -26,6 +27,12 @@ QStringList newCertificate(
         certificateFile };
 }
 
+QString alternativeName(const QString &host)
+{
+    const bool isAddress = !QHostAddress(host).isNull();
+    return (isAddress ? QStringLiteral("IP:") : QStringLiteral("DNS:")) + host;
+}
+
 } // namespace
 
 TestAuthority::TestAuthority()
@@ -46,7 +53,7 @@ ServerCertificate TestAuthority::certify(const QString &hostName)
     openssl(newCertificate(hostName, server.keyFile, server.certificateFile)
         << QStringLiteral("-CA") << certificateFile() << QStringLiteral("-CAkey")
         << m_folder.filePath(QStringLiteral("authority.key")) << QStringLiteral("-addext")
-        << QStringLiteral("subjectAltName=DNS:") + hostName << QStringLiteral("-addext")
+        << QStringLiteral("subjectAltName=") + alternativeName(hostName) << QStringLiteral("-addext")
         << QStringLiteral("basicConstraints=critical,CA:FALSE"));
     return server;
 }
