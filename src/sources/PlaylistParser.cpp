@@ -25,8 +25,9 @@ QByteArray nameFromAddress(QByteArrayView address)
     QByteArrayView path = splitAddress(address).path;
     while (path.endsWith('/'))
         path.chop(1);
-    const QByteArray name =
-        QByteArray::fromPercentEncoding(path.sliced(path.lastIndexOf('/') + 1).toByteArray());
+    // Qt 6.8 finds a character in front of an empty view, too.
+    const qsizetype start = path.isEmpty() ? 0 : path.lastIndexOf('/') + 1;
+    const QByteArray name = QByteArray::fromPercentEncoding(path.sliced(start).toByteArray());
     if (!name.isEmpty() && name.isValidUtf8())
         return name;
     const QString host = QUrl::fromEncoded(address.toByteArray()).host();
