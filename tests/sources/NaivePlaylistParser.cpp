@@ -32,18 +32,58 @@ QString trimmed(QString text)
     return text;
 }
 
-// QUrl refuses to resolve what leads to a path of two slashes in a file address.
-QUrl resolved(const QUrl &base, const QUrl &url)
+QString withoutDotSegments(const QString &path)
 {
-    if (!base.isLocalFile() || !url.scheme().isEmpty())
-        return base.resolved(url);
-    const QString file = QStringLiteral("file://");
-    const QString twin = QStringLiteral("http://twin");
-    QString text = base.toString(QUrl::FullyEncoded).replace(0, file.size(), twin);
-    text = QUrl(text).resolved(url).toString(QUrl::FullyEncoded);
-    const qsizetype prefix = text.startsWith(twin) ? twin.size() : QStringLiteral("http://").size();
-    text.replace(0, prefix, file);
-    return QUrl(text);
+    QStringList kept;
+    QStringList segments = path.split(u'/');
+    for (qsizetype i = 0; i < segments.size(); ++i) {
+        const bool isDots = segments[i] == QLatin1String(".") || segments[i] == QLatin1String("..");
+        const bool isFirst = kept.size() <= 1 && path.startsWith(u'/');
+        if (segments[i] == QLatin1String("..") && !kept.isEmpty() && !isFirst)
+            kept.removeLast();
+        if (!isDots)
+            kept += segments[i];
+        else if (i + 1 == segments.size() && !kept.isEmpty())
+            kept += QString();
+    }
+    return kept.join(u'/');
+}
+
+struct Pieces {
+    QString scheme, authority, path, query, fragment; // with their delimiters
+};
+
+Pieces piecesOf(const QUrl &url)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("^([A-Za-z][A-Za-z0-9+.-]*:)?(//[^/?#]*)?([^?#]*)(\\?[^#]*)?(#.*)?$"));
+    const auto match = pattern.match(url.toString(QUrl::FullyEncoded));
+    return { match.captured(1), match.captured(2), match.captured(3), match.captured(4),
+        match.captured(5) };
+}
+
+// QUrl::resolved() is no measure: it merges slashes, differently from version to version.
+QUrl resolved(const QUrl &baseUrl, const QUrl &url)
+{
+    const Pieces base = piecesOf(baseUrl);
+    Pieces pieces = piecesOf(url);
+    if (pieces.scheme.isEmpty()) {
+        pieces.scheme = base.scheme;
+        if (pieces.authority.isEmpty()) {
+            pieces.authority = base.authority;
+            if (pieces.path.isEmpty()) {
+                pieces.path = base.path;
+                if (pieces.query.isEmpty())
+                    pieces.query = base.query;
+            } else if (!pieces.path.startsWith(u'/')) {
+                pieces.path.prepend(base.path.contains(u'/')
+                        ? base.path.left(base.path.lastIndexOf(u'/') + 1)
+                        : QStringLiteral("/"));
+            }
+        }
+    }
+    return QUrl(pieces.scheme + pieces.authority + withoutDotSegments(pieces.path) + pieces.query
+        + pieces.fragment);
 }
 
 QStringList lines(const QString &text)
