@@ -21,6 +21,11 @@ constexpr Option options[] = {
     { "hr-seek", "yes" },
     // Pictures are wanted when they are due: nothing waits between us and the screen.
     { "video-timing-offset", "0" },
+    // Every version's own choice until 0.37. The later one shows lines where Mesa draws on the CPU,
+    // and is work for a weak graphics chip.
+    { "scale", "bilinear" },
+    { "dscale", "bilinear" },
+    { "cscale", "bilinear" },
     // A machine without a sound device plays on in silence.
     { "audio-fallback-to-null", "yes" },
     { "audio-client-name", "Zeph Player" },

@@ -145,11 +145,13 @@ private Q_SLOTS:
         Program program;
         QTRY_COMPARE_WITH_TIMEOUT(program.title(), QStringLiteral("Zeph Player"), 20000);
         QTRY_COMPARE(program.screen().size(), QSize(700, 430));
-        const QImage before = program.screen();
+        // Below the menu bar, where some versions of Qt leave the title of the closed menu marked.
+        const auto surface = [&program] { return program.screen().copy(0, 40, 700, 390); };
+        const QImage before = surface();
         program.press(QStringLiteral("alt+p"));
-        QTRY_VERIFY(program.screen() != before);
+        QTRY_VERIFY(surface() != before);
         program.press(QStringLiteral("Escape"));
-        QTRY_COMPARE(program.screen(), before);
+        QTRY_COMPARE(surface(), before);
     }
 
     void controlOOpensThePanelAndEscapeClosesIt()
