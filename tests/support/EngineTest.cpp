@@ -17,6 +17,21 @@ QUrl clipUrl(const QString &name)
     return QUrl::fromLocalFile(clipPath(name));
 }
 
+QUrl shortClip()
+{
+    return clipUrl(QStringLiteral("clip.mp4"));
+}
+
+QUrl longClip()
+{
+    return clipUrl(QStringLiteral("long.mp4"));
+}
+
+QUrl missingClip()
+{
+    return clipUrl(QStringLiteral("nothing-there.mp4"));
+}
+
 MediaItem *open(MediaPlayer &player, const QUrl &url)
 {
     auto item = std::make_unique<MediaItem>(url);

@@ -19,6 +19,10 @@ constexpr std::chrono::milliseconds patience { 20000 };
 QString clipPath(const QString &name);
 QUrl clipUrl(const QString &name);
 
+QUrl shortClip(); ///< of 2 s
+QUrl longClip(); ///< of 30 s
+QUrl missingClip();
+
 /// Makes `player` open the address, and answers with the item, which the player owns.
 MediaItem *open(MediaPlayer &player, const QUrl &url);
 
