@@ -5,8 +5,7 @@
 namespace zeph {
 
 PlayerHostingView::PlayerHostingView(QQuickItem *parent)
-    : QQuickItem(parent)
-    , m_playerLayer(new VideoLayer(this))
+    : QQuickItem(parent), m_playerLayer(new VideoLayer(this))
 {
 }
 

@@ -10,7 +10,8 @@ namespace zeph {
 
 class VideoLayer;
 
-/// Places the picture of a media player within its own bounds: whole, letterboxed. Main thread only.
+/// Places the picture of a media player within its own bounds: whole, letterboxed. Main thread
+/// only.
 class PlayerHostingView : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
