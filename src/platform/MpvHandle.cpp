@@ -1,5 +1,7 @@
 #include "platform/MpvHandle.h"
 
+#include "platform/CertificateAuthorities.h"
+
 #include <QByteArray>
 
 namespace zeph {
@@ -66,8 +68,7 @@ bool setUp(const MpvLibrary &mpv, mpv_handle *handle)
     }
     for (const char *script : builtInScripts)
         mpv.set_option_string(handle, script, "no");
-    // The variable by which a user names certificate authorities of their own.
-    if (const QByteArray authorities = qgetenv("SSL_CERT_FILE"); !authorities.isEmpty())
+    if (const QByteArray authorities = certificateAuthorityFile(); !authorities.isEmpty())
         mpv.set_option_string(handle, "tls-ca-file", authorities.constData());
     return mpv.initialize(handle) >= 0;
 }

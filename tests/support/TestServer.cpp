@@ -1,6 +1,7 @@
 #include "support/TestServer.h"
 
 #include <QFile>
+#include <QProcess>
 
 #include <httplib.h>
 
@@ -22,6 +23,17 @@ const char *contentType(const QString &path)
     if (path.endsWith(QLatin1String(".mp4")))
         return "video/mp4";
     return "application/octet-stream";
+}
+
+QByteArray gzip(const QByteArray &bytes)
+{
+    QProcess process;
+    process.start(QStringLiteral("gzip"), { QStringLiteral("--stdout") });
+    process.write(bytes);
+    process.closeWriteChannel();
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        qFatal("gzip: %s", process.readAllStandardError().constData());
+    return process.readAllStandardOutput();
 }
 
 } // namespace
@@ -54,6 +66,10 @@ void TestServer::start()
             qPrintable(m_certificate->certificateFile), qPrintable(m_certificate->keyFile));
     else
         m_server = std::make_unique<httplib::Server>();
+    m_server->set_logger([this](const httplib::Request &request, const httplib::Response &) {
+        const QMutexLocker lock(&m_mutex);
+        ++m_records[QString::fromStdString(request.path)].answered;
+    });
     // A connection that is kept for later would hold up `stop`.
     m_server->set_keep_alive_max_count(1);
     m_server->set_pre_routing_handler([this](const auto &request, auto &response) {
@@ -86,6 +102,8 @@ void TestServer::release()
     const QMutexLocker lock(&m_mutex);
     m_released = true;
     m_releasedChanged.wakeAll();
+    m_held.clear();
+    m_heldChanged.wakeAll();
 }
 
 void TestServer::answer(const QString &path, Handler handler)
@@ -111,35 +129,166 @@ void TestServer::cutOff(const QString &path, qint64 bytes)
     QFile file(m_folder + path);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("There is no %s", qPrintable(file.fileName()));
-    const QByteArray body = file.readAll();
-    answer(path, [body, bytes, path](const httplib::Request &, httplib::Response &response) {
-        const auto provide = [body, bytes](size_t offset, size_t, httplib::DataSink &sink) {
-            const auto end = static_cast<size_t>(bytes);
-            if (offset < end)
-                sink.write(body.constData() + offset, end - offset);
+    serveCutOff(path, file.readAll(), bytes);
+}
+
+void TestServer::serveCutOff(
+    const QString &path, const QByteArray &body, qint64 bytes, bool chunked)
+{
+    const auto sendUntilCut = [body, end = static_cast<size_t>(bytes)](
+                                  size_t offset, httplib::DataSink &sink) {
+        if (offset < end)
+            sink.write(body.constData() + offset, end - offset);
+        return false;
+    };
+    answer(path, [=](const httplib::Request &, httplib::Response &response) {
+        if (chunked)
+            response.set_chunked_content_provider(contentType(path), sendUntilCut);
+        else
+            response.set_content_provider(static_cast<size_t>(body.size()), contentType(path),
+                [=](size_t offset, size_t, httplib::DataSink &sink) {
+                    return sendUntilCut(offset, sink);
+                });
+    });
+}
+
+void TestServer::servePacked(const QString &path, const QByteArray &body)
+{
+    const QByteArray packed = gzip(body);
+    answer(path, [path, packed](const httplib::Request &, httplib::Response &response) {
+        response.set_content(packed.toStdString(), contentType(path));
+        response.set_header("Content-Encoding", "gzip");
+    });
+}
+
+void TestServer::serveChunks(
+    const QString &path, const QList<QByteArray> &chunks, std::chrono::milliseconds interval)
+{
+    answer(path, [=](const httplib::Request &, httplib::Response &response) {
+        const auto sendAll = [=](size_t, httplib::DataSink &sink) {
+            for (const QByteArray &chunk : chunks) {
+                if (!sink.write(chunk.constData(), static_cast<size_t>(chunk.size())))
+                    return false;
+                std::this_thread::sleep_for(interval);
+            }
+            sink.done();
+            return true;
+        };
+        response.set_chunked_content_provider(contentType(path), sendAll);
+    });
+}
+
+void TestServer::serveEndlessly(const QString &path, const QByteArray &piece)
+{
+    answer(path, [=](const httplib::Request &, httplib::Response &response) {
+        const auto sendPiece = [piece](size_t, httplib::DataSink &sink) {
+            return sink.write(piece.constData(), static_cast<size_t>(piece.size()));
+        };
+        response.set_chunked_content_provider(contentType(path), sendPiece);
+    });
+}
+
+void TestServer::stallAfter(const QString &path, const QByteArray &start)
+{
+    answer(path, [this, path, start](const httplib::Request &, httplib::Response &response) {
+        const auto sendStart = [this, start](size_t, httplib::DataSink &sink) {
+            sink.write(start.constData(), static_cast<size_t>(start.size()));
+            waitUntilReleased();
             return false;
         };
-        response.set_content_provider(static_cast<size_t>(body.size()), contentType(path), provide);
+        response.set_chunked_content_provider(contentType(path), sendStart);
+    });
+    const QMutexLocker lock(&m_mutex);
+    m_released = false;
+}
+
+void TestServer::serveStatus(const QString &path, int status)
+{
+    answer(path, [status](const httplib::Request &, httplib::Response &response) {
+        response.status = status;
+        if (status != 204)
+            response.set_content("<!doctype html><title>Sorry</title>", "text/html");
+    });
+}
+
+void TestServer::setStatus(const QString &path, int status)
+{
+    change(path, [status](httplib::Response &response) { response.status = status; });
+}
+
+void TestServer::addHeader(const QString &path, const QByteArray &name, const QByteArray &value)
+{
+    change(path, [name, value](httplib::Response &response) {
+        response.set_header(name.constData(), value.toStdString());
+    });
+}
+
+void TestServer::change(const QString &path, std::function<void(httplib::Response &)> change)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_handlers[path] = [handler = m_handlers.value(path), change = std::move(change)](
+                           const httplib::Request &request, httplib::Response &response) {
+        handler(request, response);
+        change(response);
+    };
+}
+
+void TestServer::serveTo(const QString &path, const QByteArray &user, const QByteArray &password,
+    const QByteArray &body)
+{
+    const QByteArray expected = "Basic " + (user + ':' + password).toBase64();
+    answer(path, [=](const httplib::Request &request, httplib::Response &response) {
+        if (request.get_header_value("Authorization") == expected.toStdString()) {
+            response.set_content(body.toStdString(), contentType(path));
+        } else {
+            response.status = 401;
+            response.set_header("WWW-Authenticate", "Basic realm=\"test\"");
+            response.set_content("<!doctype html><title>Who are you?</title>", "text/html");
+        }
     });
 }
 
 void TestServer::hang(const QString &path)
 {
     answer(path, [this](const httplib::Request &, httplib::Response &response) {
-        QMutexLocker lock(&m_mutex);
-        while (!m_released)
-            m_releasedChanged.wait(&m_mutex);
+        waitUntilReleased();
         response.status = 404;
     });
     const QMutexLocker lock(&m_mutex);
     m_released = false;
 }
 
-void TestServer::redirect(const QString &path, const QByteArray &location)
+void TestServer::waitUntilReleased()
 {
-    answer(path, [location](const httplib::Request &, httplib::Response &response) {
-        response.set_redirect(location.constData());
+    QMutexLocker lock(&m_mutex);
+    while (!m_released)
+        m_releasedChanged.wait(&m_mutex);
+}
+
+void TestServer::hold(const QString &path)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_held.insert(path);
+}
+
+void TestServer::letGo(const QString &path)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_held.remove(path);
+    m_heldChanged.wakeAll();
+}
+
+void TestServer::redirect(const QString &path, const QByteArray &location, int status)
+{
+    answer(path, [location, status](const httplib::Request &, httplib::Response &response) {
+        response.set_redirect(location.constData(), status);
     });
+}
+
+int TestServer::answeredCount(const QString &path) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_records.value(path).answered;
 }
 
 int TestServer::requestCount(const QString &path) const
@@ -167,6 +316,8 @@ void TestServer::handle(const httplib::Request &request, httplib::Response &resp
             record.lastHeaders.insert(
                 QByteArray::fromStdString(name).toLower(), QByteArray::fromStdString(value));
         handler = m_handlers.value(path);
+        while (m_held.contains(path))
+            m_heldChanged.wait(&m_mutex);
     }
     if (handler)
         handler(request, response);

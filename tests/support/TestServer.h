@@ -3,12 +3,15 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QMutex>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
 #include <QWaitCondition>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -48,11 +51,33 @@ public:
     void serveFile(const QString &path);
     /// Promises the whole file, but hangs up after its first `bytes`, each time.
     void cutOff(const QString &path, qint64 bytes);
+    /// The same for any bytes. In chunks, which tell where they end, when it is `chunked`.
+    void serveCutOff(const QString &path, const QByteArray &body, qint64 bytes, bool chunked = false);
+    /// Answers with the gzipped form of `body`.
+    void servePacked(const QString &path, const QByteArray &body);
+    /// Answers in chunks, which are `interval` apart.
+    void serveChunks(const QString &path, const QList<QByteArray> &chunks,
+        std::chrono::milliseconds interval = {});
+    /// Answers with `piece` again and again.
+    void serveEndlessly(const QString &path, const QByteArray &piece);
+    /// Sends `start` and then nothing more until `release`.
+    void stallAfter(const QString &path, const QByteArray &start);
+    /// Answers with a status and a page about it.
+    void serveStatus(const QString &path, int status);
+    /// Changes the answers at `path`, however they are given.
+    void setStatus(const QString &path, int status);
+    void addHeader(const QString &path, const QByteArray &name, const QByteArray &value);
+    /// Answers 401 until the request names this user.
+    void serveTo(const QString &path, const QByteArray &user, const QByteArray &password,
+        const QByteArray &body);
     /// Takes the request and says nothing until `release`.
     void hang(const QString &path);
     /// Answers the requests that hang, now and from now on, with 404.
     void release();
-    void redirect(const QString &path, const QByteArray &location);
+    /// Takes requests for `path` but answers only after `letGo`.
+    void hold(const QString &path);
+    void letGo(const QString &path);
+    void redirect(const QString &path, const QByteArray &location, int status = 302);
 
     /// Ends all connections and refuses new ones.
     void stop();
@@ -62,16 +87,21 @@ public:
     int requestCount(const QString &path) const;
     /// A header of the last request for `path`.
     QByteArray lastHeader(const QString &path, const char *name) const;
+    /// Requests for `path` that have got their whole answer, or whose client has gone.
+    int answeredCount(const QString &path) const;
 
 private:
     using Handler = std::function<void(const httplib::Request &, httplib::Response &)>;
     struct Record {
         int count = 0;
+        int answered = 0;
         QHash<QByteArray, QByteArray> lastHeaders; ///< By lower-case name.
     };
 
     void answer(const QString &path, Handler handler);
+    void change(const QString &path, std::function<void(httplib::Response &)> change);
     void handle(const httplib::Request &request, httplib::Response &response);
+    void waitUntilReleased();
     void sendFile(const QString &path, httplib::Response &response) const;
 
     const QString m_folder;
@@ -83,6 +113,8 @@ private:
     mutable QMutex m_mutex; ///< Guards all below.
     QWaitCondition m_releasedChanged;
     bool m_released = false;
+    QSet<QString> m_held;
+    QWaitCondition m_heldChanged;
     QHash<QString, Handler> m_handlers;
     QHash<QString, Record> m_records;
 };
