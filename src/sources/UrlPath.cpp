@@ -2,6 +2,9 @@
 
 #include <QUrlQuery>
 
+#include <algorithm>
+#include <iterator>
+
 namespace zeph {
 
 namespace {
@@ -18,6 +21,25 @@ std::optional<QString> removingPercentEncoding(const QString &text)
     if (!decoded.isValidUtf8())
         return std::nullopt;
     return QString::fromUtf8(decoded);
+}
+
+QString lastPathSegment(const QUrl &url)
+{
+    const QStringList segments = pathSegments(url);
+    return segments.isEmpty() ? QString() : segments.constLast();
+}
+
+// Where the extension of a name begins, with its dot; its end when it has none.
+qsizetype extensionStart(const QString &name)
+{
+    const qsizetype dot = name.isEmpty() ? 0 : name.lastIndexOf(QLatin1Char('.'));
+    return dot > 0 ? dot : name.size();
+}
+
+bool isBlank(QChar character)
+{
+    constexpr char16_t byteOrderMark = 0xfeff;
+    return character.isSpace() || character == byteOrderMark;
 }
 
 } // namespace
@@ -46,6 +68,18 @@ std::optional<QString> decodedLastPathComponent(const QUrl &url)
     return segments.isEmpty() ? QString() : removingPercentEncoding(segments.constLast());
 }
 
+QString pathExtension(const QUrl &url)
+{
+    const QString name = lastPathSegment(url);
+    return name.sliced(extensionStart(name)).mid(1);
+}
+
+QString lastPathComponentWithoutExtension(const QUrl &url)
+{
+    const QString name = lastPathSegment(url);
+    return name.first(extensionStart(name));
+}
+
 bool isOnDomain(const QUrl &url, QLatin1StringView domain)
 {
     const QString host = url.host().toLower();
@@ -62,9 +96,16 @@ std::optional<QString> queryValue(const QUrl &url, const QString &name)
     return std::nullopt;
 }
 
+QString trimmedText(const QString &text)
+{
+    const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
+    const auto last = std::find_if_not(text.rbegin(), std::make_reverse_iterator(first), isBlank);
+    return QString(first, last.base() - first);
+}
+
 std::optional<QString> trimmedOrNothing(const QString &text)
 {
-    const QString trimmed = text.trimmed();
+    const QString trimmed = trimmedText(text);
     if (trimmed.isEmpty())
         return std::nullopt;
     return trimmed;

@@ -20,6 +20,13 @@ std::optional<QString> pathSegmentAfter(const QUrl &url, const QStringList &keyw
 /// text. Empty when the address has no path.
 std::optional<QString> decodedLastPathComponent(const QUrl &url);
 
+/// The extension of the last path segment, without the dot. Empty when it has none; a name that
+/// begins with its only dot has none.
+QString pathExtension(const QUrl &url);
+
+/// The last path segment without its extension.
+QString lastPathComponentWithoutExtension(const QUrl &url);
+
 /// Whether `url` is on `domain` itself or on a host below it.
 bool isOnDomain(const QUrl &url, QLatin1StringView domain);
 
@@ -27,7 +34,11 @@ bool isOnDomain(const QUrl &url, QLatin1StringView domain);
 /// item or it is blank.
 std::optional<QString> queryValue(const QUrl &url, const QString &name);
 
-/// `text` trimmed, or nothing when that leaves nothing.
+/// `text` without the white space at both ends, and without byte-order marks there, which come along
+/// when text is copied from files.
+QString trimmedText(const QString &text);
+
+/// `text` trimmed so, or nothing when that leaves nothing.
 std::optional<QString> trimmedOrNothing(const QString &text);
 
 } // namespace zeph

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void decodesTheLastComponent();
     void refusesALastComponentThatIsNoText_data();
     void refusesALastComponentThatIsNoText();
+    void splitsOffTheExtension_data();
+    void splitsOffTheExtension();
     void comparesDomains();
     void readsQueryValues();
     void trims();
@@ -78,6 +80,30 @@ void UrlPathTest::refusesALastComponentThatIsNoText()
     QVERIFY(!decodedLastPathComponent(address));
 }
 
+void UrlPathTest::splitsOffTheExtension_data()
+{
+    QTest::addColumn<QUrl>("address");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("extension");
+    QTest::newRow("plain") << url("http://h/a/list.M3u?x.y#z.w") << "list" << "M3u";
+    QTest::newRow("two dots") << url("file:///a/b.c.m3u") << "b.c" << "m3u";
+    QTest::newRow("escaped") << url("http://h/my%20list%2Em3u") << "my list" << "m3u";
+    QTest::newRow("slash at the end") << url("http://h/list.m3u/") << "list" << "m3u";
+    QTest::newRow("none") << url("http://h.m3u/list") << "list" << "";
+    QTest::newRow("dot at the end") << url("http://h/list.") << "list" << "";
+    QTest::newRow("dot at the start") << url("http://h/.m3u") << ".m3u" << "";
+    QTest::newRow("in a folder") << url("http://h/a.m3u/list") << "list" << "";
+    QTest::newRow("no path") << url("http://h.m3u") << "" << "";
+    QTest::newRow("no address") << QUrl() << "" << "";
+}
+
+void UrlPathTest::splitsOffTheExtension()
+{
+    QFETCH(const QUrl, address);
+    QTEST(lastPathComponentWithoutExtension(address), "name");
+    QTEST(pathExtension(address), "extension");
+}
+
 void UrlPathTest::comparesDomains()
 {
     constexpr QLatin1StringView domain("example.org");
@@ -107,6 +133,9 @@ void UrlPathTest::trims()
         trimmedOrNothing(QStringLiteral("\t\u00a0a b\u3000\r\n\u2029")), QStringLiteral("a b"));
     QVERIFY(!trimmedOrNothing(QStringLiteral(" \u0085\u2028")));
     QVERIFY(!trimmedOrNothing(QString()));
+    QCOMPARE(trimmedText(QStringLiteral("\ufeff a\ufeffb \ufeff")), QStringLiteral("a\ufeffb"));
+    QCOMPARE(trimmedText(QStringLiteral(" \ufeff")), QString());
+    QCOMPARE(trimmedText(QStringLiteral("a")), QStringLiteral("a"));
 }
 
 QTEST_GUILESS_MAIN(UrlPathTest)
