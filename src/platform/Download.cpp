@@ -83,7 +83,7 @@ void Download::readHeaders()
     if (status() >= firstError)
         fail(badStatusText());
     else if (m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > m_limits.size)
-        fail(tooLargeText());
+        fail(tooLargeText(m_limits.size));
 }
 
 void Download::readBody()
@@ -92,7 +92,7 @@ void Download::readBody()
     const QByteArray bytes = m_reply->readAll();
     m_receivedBytes += bytes.size();
     if (m_receivedBytes > m_limits.size) {
-        fail(tooLargeText());
+        fail(tooLargeText(m_limits.size));
         return;
     }
     if (m_pieces.isEmpty() || m_pieces.constLast().size() >= pieceSize)
@@ -136,7 +136,7 @@ void Download::takeAssembled()
         fail(damagedText());
         break;
     case UnpackingError::tooLarge:
-        fail(tooLargeText());
+        fail(tooLargeText(m_limits.size));
         break;
     }
 }
@@ -172,9 +172,9 @@ QString Download::damagedText() const
     return tr("The server's answer could not be unpacked.");
 }
 
-QString Download::tooLargeText() const
+QString Download::tooLargeText(qint64 limit)
 {
-    return tr("The file is larger than %1 MiB.").arg(m_limits.size >> 20);
+    return tr("The file is larger than %1 MiB.").arg(limit >> 20);
 }
 
 } // namespace zeph

@@ -42,6 +42,9 @@ public:
     /// The body, once it has succeeded. Empty from then on.
     QByteArray takeBody();
 
+    /// What the user is told of something larger than `limit` bytes.
+    static QString tooLargeText(qint64 limit);
+
 Q_SIGNALS:
     void receivedBytesChanged();
     void succeeded();
@@ -59,7 +62,6 @@ private:
     int status() const;
     QString badStatusText() const;
     QString damagedText() const;
-    QString tooLargeText() const;
 
     const DownloadLimits m_limits;
     QNetworkAccessManager m_network;

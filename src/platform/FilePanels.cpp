@@ -33,6 +33,8 @@ std::optional<QUrl> DesktopFilePanels::chooseFile(const OpenPanel &panel)
     QFileDialog dialog(nullptr, panel.title);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilter(nameFilter(panel));
+    if (!panel.prompt.isEmpty())
+        dialog.setLabelText(QFileDialog::Accept, panel.prompt);
     attachToFocusWindow(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty())
         return std::nullopt;

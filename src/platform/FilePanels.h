@@ -15,6 +15,8 @@ struct OpenPanel {
     QString fileKind;
     /// Accepted file name extensions, without the dot.
     QStringList extensions;
+    /// What the button that accepts the choice says; the desktop's own word when empty.
+    QString prompt {};
 };
 
 /// Shows panels and waits for the user's answer. Tests put an implementation of their own in place

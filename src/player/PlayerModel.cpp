@@ -1,6 +1,7 @@
 #include "player/PlayerModel.h"
 
 #include "platform/FilePanels.h"
+#include "player/DefaultTitle.h"
 #include "player/JavaScriptNumber.h"
 #include "player/MediaFileTypes.h"
 #include "sources/UrlPath.h"
@@ -12,8 +13,6 @@
 namespace zeph {
 
 namespace {
-
-const QString defaultTitle = QStringLiteral("Zeph Player");
 
 // On an OK page the commands act on the first video element.
 QString onOKVideo(const QString &action)
@@ -38,6 +37,7 @@ PlayerModel::PlayerModel(FilePanels &panels, QObject *parent)
     , m_panels(panels)
     , m_title(defaultTitle)
     , m_mediaLoadID(QUuid::createUuid())
+    , m_remoteRequestID(QUuid::createUuid())
 {
     m_timeObserver = m_player.addPeriodicTimeObserver([this](double seconds) { observeTime(seconds); });
     connect(&m_player, &MediaPlayer::timeControlStatusChanged, this,

@@ -4,7 +4,7 @@
 #include "platform/Delay.h"
 #include "platform/MediaPlayer.h"
 #include "player/LastPlayableSource.h"
-#include "sources/PlaylistEntry.h"
+#include "sources/PlaylistReader.h"
 
 #include <QList>
 #include <QObject>
@@ -33,6 +33,8 @@ class PlayerModel : public QObject {
     Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY errorMessageChanged)
     /// A channel list is being fetched.
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
+    /// Bytes of that list that have arrived so far.
+    Q_PROPERTY(qint64 loadedBytes READ loadedBytes NOTIFY loadedBytesChanged)
     /// The channels of the last opened list.
     Q_PROPERTY(QList<zeph::PlaylistEntry> playlist READ playlist NOTIFY playlistChanged)
     Q_PROPERTY(bool isPlaying READ isPlaying NOTIFY isPlayingChanged)
@@ -74,6 +76,7 @@ public:
     const QString &title() const { return m_title; }
     const QString &errorMessage() const { return m_errorMessage; }
     bool isLoading() const { return m_isLoading; }
+    qint64 loadedBytes() const { return m_loadedBytes; }
     const QList<PlaylistEntry> &playlist() const { return m_playlist; }
     bool isPlaying() const { return m_isPlaying; }
     double currentTime() const { return m_currentTime; }
@@ -110,6 +113,24 @@ public:
     /// Renames a live stream; nothing else has a title that changes.
     void updateStreamTitle(const QString &name);
 
+    /// Opens an address as it was typed or pasted: a video page, a list of channels, which fills
+    /// `playlist` some time later, or a stream. A blank name is none.
+    Q_INVOKABLE void openRemote(const QString &address, const QString &displayName);
+    /// The address within what was typed or pasted: without blanks around it, without angle
+    /// brackets, and out of a Markdown link.
+    static QString normalizedRemoteAddress(const QString &text);
+    /// Whether `url` names a list of channels. One that ends in "m3u8" names a stream.
+    static bool isIPTVPlaylistURL(const QUrl &url);
+
+    /// Lets the user choose a list of channels, fills `playlist` with it, and answers with its
+    /// entries. Nothing when the user cancels or the list cannot be read. A blank name is none.
+    std::optional<QList<PlaylistEntry>> importLocalM3U(const QString &displayName);
+
+    /// Forgets the list and whatever came from the network, and stops.
+    Q_INVOKABLE void clearNetworkStream();
+    /// Leaves nothing to replay but a local file.
+    Q_INVOKABLE void discardLastRemoteSource();
+
     /// Plays what was stopped, or tells that there is nothing.
     void replayLastSourceOrShowToast();
     /// Replaces the message that is shown, if any; its time starts anew.
@@ -119,6 +140,7 @@ Q_SIGNALS:
     void titleChanged();
     void errorMessageChanged();
     void isLoadingChanged();
+    void loadedBytesChanged();
     void playlistChanged();
     void isPlayingChanged();
     void currentTimeChanged();
@@ -148,8 +170,17 @@ private:
     void observeTime(double seconds);
     void publishAspectRatio(double ratio);
     void clearAspectRatio();
+    void beginWebLoad();
     void showWebContent(const std::optional<YouTubeContent> &youtube,
                         const std::optional<OKVideoContent> &okVideo, const QString &title);
+
+    void loadM3U(const QUrl &url, const QString &displayName, QUuid requestID);
+    void readM3U(const QByteArray &bytes, const QUrl &url, const QString &displayName,
+                 QUuid requestID);
+    void finishLoading(const QList<PlaylistEntry> &entries, const QString &displayName,
+                       QUuid requestID);
+    void failLoading(const QString &errorText, QUuid requestID);
+    std::nullopt_t failImport(const QString &errorText);
 
     void observeBuffering(const MediaItem &item);
     void refreshBufferingState();
@@ -162,6 +193,7 @@ private:
     QString m_title;
     QString m_errorMessage;
     bool m_isLoading = false;
+    qint64 m_loadedBytes = 0;
     QList<PlaylistEntry> m_playlist;
     bool m_isPlaying = false;
     double m_currentTime = 0;
@@ -182,6 +214,7 @@ private:
     int m_timeObserver = 0;
     Delay m_bufferingIndicatorTask;
     Delay m_toastTask;
+    QUuid m_remoteRequestID; ///< Of the newest request: answers to older ones change nothing.
     std::optional<LastPlayableSource> m_lastPlayableSource;
 };
 

@@ -38,6 +38,25 @@ void PlayerModel::showWebContent(const std::optional<YouTubeContent> &youtube,
     publish(m_isPlaying, true, &PlayerModel::isPlayingChanged);
 }
 
+void PlayerModel::clearNetworkStream()
+{
+    m_remoteRequestID = QUuid::createUuid();
+    publish(m_playlist, {}, &PlayerModel::playlistChanged);
+    publish(m_errorMessage, {}, &PlayerModel::errorMessageChanged);
+    publish(m_isLoading, false, &PlayerModel::isLoadingChanged);
+    discardLastRemoteSource();
+    stop();
+}
+
+void PlayerModel::discardLastRemoteSource()
+{
+    if (!m_lastPlayableSource)
+        return;
+    const auto *media = std::get_if<LastMedia>(&*m_lastPlayableSource);
+    if (!media || !media->url.isLocalFile())
+        m_lastPlayableSource.reset();
+}
+
 void PlayerModel::replayLastSourceOrShowToast()
 {
     if (!m_lastPlayableSource) {
