@@ -4,6 +4,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace zeph {
 
 namespace {
@@ -36,23 +38,93 @@ bool readText(const QJsonObject &object, QLatin1StringView key, std::optional<QS
     return true;
 }
 
+// Writes the text straight away: by way of QJsonObject a long list takes several times as long.
+class ObjectWriter {
+public:
+    explicit ObjectWriter(QByteArray &json) : m_json(json) { m_json += '{'; }
+    ~ObjectWriter() { m_json += '}'; }
+    ObjectWriter(const ObjectWriter &) = delete;
+    ObjectWriter &operator=(const ObjectWriter &) = delete;
+
+    void add(QLatin1StringView key, QByteArrayView utf8)
+    {
+        if (!m_json.endsWith('{'))
+            m_json += ',';
+        m_json += '"';
+        m_json.append(key.data(), key.size());
+        m_json += "\":\"";
+        appendEscaped(utf8);
+        m_json += '"';
+    }
+    void add(QLatin1StringView key, QLatin1StringView ascii)
+    {
+        add(key, QByteArrayView(ascii.data(), ascii.size()));
+    }
+
+private:
+    static bool isPlain(char byte)
+    {
+        constexpr char firstByteOfMark = '\xef';
+        return static_cast<unsigned char>(byte) >= 0x20 && byte != '"' && byte != '\\'
+            && byte != firstByteOfMark;
+    }
+
+    void appendEscaped(QByteArrayView utf8)
+    {
+        while (!utf8.isEmpty()) {
+            const auto plainEnd = std::find_if_not(utf8.begin(), utf8.end(), isPlain);
+            m_json.append(utf8.data(), plainEnd - utf8.begin());
+            utf8 = utf8.sliced(plainEnd - utf8.begin());
+            if (!utf8.isEmpty())
+                utf8 = utf8.sliced(appendEscapedCharacter(utf8));
+        }
+    }
+
+    // Returns the number of bytes that were taken.
+    qsizetype appendEscapedCharacter(QByteArrayView utf8)
+    {
+        // Escaped, because QJsonDocument drops a byte-order mark at the start of a text that it
+        // reads.
+        if (utf8.startsWith("\xef\xbb\xbf")) {
+            m_json += "\\ufeff";
+            return 3;
+        }
+        const char byte = utf8.front();
+        if (static_cast<unsigned char>(byte) < 0x20) {
+            m_json += "\\u";
+            m_json += QByteArray::number(byte, 16).rightJustified(4, '0');
+        } else {
+            if (byte == '"' || byte == '\\')
+                m_json += '\\';
+            m_json += byte;
+        }
+        return 1;
+    }
+
+    QByteArray &m_json;
+};
+
+void appendEntry(QByteArray &json, const PlaylistEntry &entry)
+{
+    ObjectWriter object(json);
+    if (const auto countryCode = entry.countryCode())
+        object.add(countryCodeKey, countryCode->toUtf8());
+    if (const auto groupTitle = entry.groupTitle())
+        object.add(groupTitleKey, groupTitle->toUtf8());
+    object.add(idKey, entry.id().toByteArray(QUuid::WithoutBraces));
+    if (!entry.logoAddress().isEmpty())
+        object.add(logoURLKey, entry.logoAddress());
+    object.add(nameKey, entry.name().toUtf8());
+    object.add(urlKey, entry.address());
+}
+
 } // namespace
 
 QByteArray playlistEntryToJson(const PlaylistEntry &entry)
 {
-    QJsonObject object {
-        { idKey, entry.id().toString(QUuid::WithoutBraces) },
-        { nameKey, entry.name() },
-        { urlKey, entry.address() },
-    };
-    if (entry.logoURL())
-        object.insert(logoURLKey, entry.logoAddress());
-    if (const auto groupTitle = entry.groupTitle())
-        object.insert(groupTitleKey, *groupTitle);
-    if (const auto countryCode = entry.countryCode())
-        object.insert(countryCodeKey, *countryCode);
-    // Escaped, because QJsonDocument drops a byte-order mark at the start of a text that it reads.
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).replace("\xef\xbb\xbf", "\\ufeff");
+    QByteArray json;
+    appendEntry(json, entry);
+    return json;
 }
 
 std::optional<PlaylistEntry> playlistEntryFromJson(const QJsonValue &json)
@@ -93,7 +165,7 @@ QByteArray playlistToJson(const QList<PlaylistEntry> &entries)
     for (const PlaylistEntry &entry : entries) {
         if (json.size() > 1)
             json += ',';
-        json += playlistEntryToJson(entry);
+        appendEntry(json, entry);
     }
     json += ']';
     return json;

@@ -208,6 +208,11 @@ void PlaylistEntryTest::readsWhatItWrites_data()
     odd.logoURL = address("l.png");
     odd.url = address("foo:");
     QTest::newRow("odd") << PlaylistEntry(odd);
+    PlaylistEntry::Fields letters = allFields();
+    letters.name.clear();
+    for (ushort letter = 0; letter < 0x400; ++letter)
+        letters.name += QChar(letter);
+    QTest::newRow("letters") << PlaylistEntry(letters);
 }
 
 void PlaylistEntryTest::readsWhatItWrites()
