@@ -2,9 +2,9 @@
 #include "app/AddressArgument.h"
 #include "app/MenuCommands.h"
 #include "app/ZephApplicationDelegate.h"
-#include "platform/FilePanels.h"
 #include "player/PlayerModel.h"
 #include "sources/OKVideoContent.h"
+#include "support/StandInPanels.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -14,16 +14,6 @@
 using namespace zeph;
 
 namespace {
-
-class CancellingPanels final : public FilePanels {
-public:
-    int shown = 0;
-    std::optional<QUrl> chooseFile(const OpenPanel &) override
-    {
-        ++shown;
-        return std::nullopt;
-    }
-};
 
 QStringList lines(const QList<MenuCommand *> &commands)
 {
@@ -50,9 +40,9 @@ private Q_SLOTS:
         const QStringList expected { QStringLiteral("Open Media… (Ctrl+O)"), QStringLiteral("-"),
                                      QStringLiteral("Quit (Ctrl+Q)") };
         QCOMPARE(lines(menus.file()), expected);
-        m_panels.shown = 0;
+        m_panels.shown.clear();
         menus.file()[0]->trigger();
-        QCOMPARE(m_panels.shown, 1);
+        QCOMPARE(m_panels.shown.size(), 1);
     }
 
     void playback()
@@ -154,7 +144,7 @@ private Q_SLOTS:
     }
 
 private:
-    CancellingPanels m_panels;
+    StandInPanels m_panels;
 };
 
 QTEST_GUILESS_MAIN(MenuCommandsTest)

@@ -1,6 +1,6 @@
 // The player model over the real engine and real files.
-#include "StandInPanels.h"
 #include "player/PlayerModel.h"
+#include "support/StandInPanels.h"
 
 #include <QRandomGenerator>
 #include <QSignalSpy>

@@ -1,7 +1,7 @@
 // The scripts that the model sends to the web players.
-#include "StandInPanels.h"
 #include "player/PlayerModel.h"
 #include "sources/WebPlayerRegistry.h"
+#include "support/StandInPanels.h"
 
 #include <QSignalSpy>
 #include <QTest>

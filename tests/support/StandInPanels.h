@@ -1,4 +1,4 @@
-// File panels whose user is the test.
+// Panels and alerts whose user is the test.
 #pragma once
 
 #include "platform/FilePanels.h"
@@ -10,10 +10,18 @@ public:
     /// What the next panels answer; nothing is a cancelled panel.
     std::optional<QUrl> answer;
     QList<zeph::OpenPanel> shown;
+    QList<zeph::SavePanel> shownSavePanels;
+    QList<zeph::WarningAlert> warnings;
 
     std::optional<QUrl> chooseFile(const zeph::OpenPanel &panel) override
     {
         shown << panel;
         return answer;
     }
+    std::optional<QUrl> chooseSaveFile(const zeph::SavePanel &panel) override
+    {
+        shownSavePanels << panel;
+        return answer;
+    }
+    void showWarning(const zeph::WarningAlert &alert) override { warnings << alert; }
 };
