@@ -1,0 +1,101 @@
+#include "platform/UserDefaults.h"
+
+#include "platform/AtomicFile.h"
+#include "platform/SettingsText.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+
+namespace zeph {
+
+namespace {
+
+// QSettings tells that it could not write, but not why.
+std::optional<QString> lastWriteError;
+
+bool readSettings(QIODevice &device, QSettings::SettingsMap &settings)
+{
+    settings = settingsFromText(device.readAll());
+    return true;
+}
+
+bool writeSettings(QIODevice &device, const QSettings::SettingsMap &settings)
+{
+    auto *const file = qobject_cast<QFileDevice *>(&device);
+    if (!file)
+        return false;
+    lastWriteError = writeToDisk(*file, settingsToText(settings));
+    return !lastWriteError;
+}
+
+QSettings::Format format()
+{
+    static const QSettings::Format format = QSettings::registerFormat(
+        QStringLiteral("conf"), readSettings, writeSettings, Qt::CaseSensitive);
+    return format;
+}
+
+// Saved addresses contain passwords. QSettings would let everybody read a file that it makes.
+void createForUserOnly(const QString &path)
+{
+    QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly,
+        QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+}
+
+// Why a file cannot be replaced, when it is not for want of room.
+QString obstacleTo(const QString &path)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return file.errorString();
+    file.cancelWriting();
+    return qt_error_string(EIO);
+}
+
+} // namespace
+
+UserDefaults::UserDefaults()
+    : UserDefaults(QSettings(format(), QSettings::UserScope, QCoreApplication::organizationName(),
+        QCoreApplication::applicationName())
+                       .fileName())
+{
+}
+
+UserDefaults::UserDefaults(const QString &file) : m_file(file) { }
+
+FolderLock UserDefaults::lock() const
+{
+    const QString folder = QFileInfo(m_file).absolutePath();
+    QDir().mkpath(folder);
+    return FolderLock(folder);
+}
+
+std::optional<QByteArray> UserDefaults::text(const QString &key) const
+{
+    const QVariant value = QSettings(m_file, format()).value(key);
+    if (value.typeId() != QMetaType::QByteArray)
+        return std::nullopt;
+    return value.toByteArray();
+}
+
+std::optional<QString> UserDefaults::setText(const QString &key, const QByteArray &utf8)
+{
+    QDir().mkpath(QFileInfo(m_file).absolutePath());
+    createForUserOnly(m_file);
+    lastWriteError.reset();
+    QSettings settings(m_file, format());
+    settings.setValue(key, utf8);
+    settings.sync();
+    // One that failed says so ever after, and may have failed with an older text when it was made.
+    // A new one fails if there still is something to be written.
+    if (QSettings(m_file, format()).status() == QSettings::NoError)
+        return std::nullopt;
+    return lastWriteError ? lastWriteError : obstacleTo(m_file);
+}
+
+} // namespace zeph

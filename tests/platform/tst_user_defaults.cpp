@@ -1,0 +1,298 @@
+// What is remembered, in real files.
+#include "platform/UserDefaults.h"
+#include "support/FullDisk.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QRandomGenerator>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <cerrno>
+#include <thread>
+
+using namespace zeph;
+
+namespace {
+
+const QString key = QStringLiteral("Some.Key-1");
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+QByteArray randomText(QRandomGenerator &random)
+{
+    const QString letters = QStringLiteral("\"\\@[]{},;:=%/ abcdefxn0179\n\r\t\v\a\b\f\u007f"
+                                           "\u00e4\u0416\u2028\U0001f4fa")
+        + QChar(1) + QChar(0x1f);
+    QString text;
+    const int size = random.bounded(12);
+    for (int i = 0; i < size; ++i)
+        text += letters[random.bounded(letters.size())];
+    return text.toUtf8();
+}
+
+} // namespace
+
+class UserDefaultsTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit UserDefaultsTest(const SmallDisk &disk) : m_disk(disk) { }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder.emplace();
+        m_file = m_folder->filePath(QStringLiteral("settings/test.conf"));
+    }
+
+    void remembers()
+    {
+        UserDefaults defaults(m_file);
+        QCOMPARE(defaults.text(key), std::nullopt);
+        QVERIFY(!QFile::exists(m_file));
+        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        QCOMPARE(defaults.text(key), "one");
+        QCOMPARE(UserDefaults(m_file).text(key), "one");
+        const QByteArray zero("1\0002", 3);
+        QCOMPARE(defaults.setText(key, zero), std::nullopt);
+        QCOMPARE(defaults.text(key), zero);
+        QCOMPARE(defaults.setText(key, ""), std::nullopt);
+        QCOMPARE(defaults.text(key), "");
+        QCOMPARE(contentOf(m_file), "[General]\nSome.Key-1=\"\"\n");
+    }
+
+    void isInTheUsersFolder()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("organization"));
+        QCoreApplication::setApplicationName(QStringLiteral("application"));
+        const QString folder = QStandardPaths::writableLocation(QStandardPaths::ConfigLocation);
+        const QString file = folder + QStringLiteral("/organization/application.conf");
+        QFile::remove(file);
+        QCOMPARE(UserDefaults().setText(key, "one"), std::nullopt);
+        QCOMPARE(UserDefaults(file).text(key), "one");
+        QVERIFY(QDir(folder + QStringLiteral("/organization")).removeRecursively());
+    }
+
+    void seesWhatOthersStored()
+    {
+        UserDefaults defaults(m_file);
+        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        writeFile(m_file, "[General]\nSome.Key-1=\"another\"\n");
+        QCOMPARE(defaults.text(key), "another");
+        QVERIFY(QFile::remove(m_file));
+        QCOMPARE(defaults.setText(key, "two"), std::nullopt);
+        QCOMPARE(UserDefaults(m_file).text(key), "two");
+    }
+
+    // Copies, because QSettings reads a file that it knows only once.
+    void isReadByQSettingsAndReadsWhatThatWrites()
+    {
+        QRandomGenerator random(11);
+        for (int i = 0; i < 300; ++i) {
+            const QByteArray text = randomText(random);
+            UserDefaults defaults(m_file);
+            QCOMPARE(defaults.setText(key, text), std::nullopt);
+            const QString copy = m_folder->filePath(QStringLiteral("%1.conf").arg(i));
+            QVERIFY(QFile::copy(m_file, copy));
+            QCOMPARE(UserDefaults(copy).text(key), text);
+
+            const QString sameCopy = m_folder->filePath(QStringLiteral("%1.ini").arg(i));
+            QVERIFY(QFile::copy(m_file, sameCopy));
+            QCOMPARE(
+                QSettings(sameCopy, QSettings::IniFormat).value(key).toString().toUtf8(), text);
+
+            const QString other = m_folder->filePath(QStringLiteral("other%1.ini").arg(i));
+            QSettings(other, QSettings::IniFormat).setValue(key, QString::fromUtf8(text));
+            const QString otherCopy = m_folder->filePath(QStringLiteral("other%1.conf").arg(i));
+            QVERIFY(QFile::copy(other, otherCopy));
+            QCOMPARE(UserDefaults(otherCopy).text(key), text);
+        }
+    }
+
+    void readsOnlyTexts_data()
+    {
+        QTest::addColumn<QByteArray>("value");
+        QTest::newRow("list") << QByteArray("a, b");
+        QTest::newRow("quoted list") << QByteArray(R"("a", "b")");
+        QTest::newRow("object") << QByteArray(R"(@Variant(\0\0\0\f\xff\xff\xff\xfe))");
+        QTest::newRow("bytes") << QByteArray("@ByteArray(abc)");
+        QTest::newRow("open quote") << QByteArray(R"("abc)");
+        QTest::newRow("one quote") << QByteArray(R"(")");
+        QTest::newRow("half an escape") << QByteArray(R"("abc\")");
+        QTest::newRow("no number") << QByteArray(R"("abc\xg")");
+        QTest::newRow("great number") << QByteArray(R"("abc\xfffffffffffffffff")");
+        QTest::newRow("unknown escape") << QByteArray(R"("abc\q")");
+    }
+
+    void readsOnlyTexts()
+    {
+        QFETCH(QByteArray, value);
+        QVERIFY(m_folder->isValid());
+        m_file = m_folder->filePath(QStringLiteral("test.conf"));
+        writeFile(m_file, "[General]\nSome.Key-1=" + value + '\n');
+        UserDefaults defaults(m_file);
+        QCOMPARE(defaults.text(key), std::nullopt);
+        // It is kept all the same.
+        QCOMPARE(defaults.setText(QStringLiteral("Other"), "x"), std::nullopt);
+        QCOMPARE(contentOf(m_file), "[General]\nOther=\"x\"\nSome.Key-1=" + value + '\n');
+    }
+
+    void keepsWhatIsNotItsOwn()
+    {
+        m_file = m_folder->filePath(QStringLiteral("test.conf"));
+        writeFile(m_file,
+            "x=1\r\n; remark\n# remark\nno setting\n=\n[Window]\nsize=@Size(3 4)\n"
+            "a%20b=2\n\n[%General]\nx=a, b\n");
+        UserDefaults defaults(m_file);
+        QCOMPARE(defaults.text(QStringLiteral("x")), "1");
+        QCOMPARE(defaults.text(QStringLiteral("size")), std::nullopt);
+        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        QCOMPARE(contentOf(m_file),
+            "[General]\nSome.Key-1=\"one\"\nx=\"1\"\n\n[%General]\nx=a, b\n\n"
+            "[Window]\na%20b=\"2\"\nsize=@Size(3 4)\n");
+    }
+
+    void isForItsUserOnly()
+    {
+        UserDefaults defaults(m_file);
+        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        const auto others =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QVERIFY(!(QFile::permissions(m_file) & others));
+        // Unless the user wants it otherwise.
+        QVERIFY(QFile::setPermissions(m_file, QFile::permissions(m_file) | QFile::ReadGroup));
+        QCOMPARE(defaults.setText(key, "two"), std::nullopt);
+        QVERIFY(QFile::permissions(m_file) & QFile::ReadGroup);
+    }
+
+    void followsLinks()
+    {
+        UserDefaults defaults(m_file);
+        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        const QString link = m_folder->filePath(QStringLiteral("link.conf"));
+        QVERIFY(QFile::link(m_file, link));
+        QCOMPARE(UserDefaults(link).text(key), "one");
+        QCOMPARE(UserDefaults(link).setText(key, "two"), std::nullopt);
+        QVERIFY(QFileInfo(link).isSymbolicLink());
+        QVERIFY(contentOf(m_file).contains("two"));
+    }
+
+    void leavesNothingElseBehind()
+    {
+        UserDefaults defaults(m_file);
+        for (int i = 0; i < 3; ++i) {
+            const FolderLock lock = defaults.lock();
+            QCOMPARE(defaults.setText(key, QByteArray::number(i)), std::nullopt);
+        }
+        QCOMPARE(QFileInfo(m_file).dir().entryList(
+                     QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
+            QStringList(QStringLiteral("test.conf")));
+    }
+
+    void tellsWhyItCannotStore_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("a file in the way")
+            << QCoreApplication::applicationFilePath() + QStringLiteral("/x.conf");
+        QTest::newRow("no such folder") << QStringLiteral("/proc/no-such-folder/x.conf");
+        QTest::newRow("a folder") << QDir::tempPath();
+    }
+
+    void tellsWhyItCannotStore()
+    {
+        QFETCH(QString, file);
+        UserDefaults defaults(file);
+        const auto error = defaults.setText(key, "one");
+        QVERIFY(error);
+        QVERIFY(!error->isEmpty());
+        QVERIFY2(!error->contains(QStringLiteral("Unknown")), qPrintable(*error));
+    }
+
+    void aFullDiskKeepsWhatItHas_data()
+    {
+        QTest::addColumn<bool>("isRealDisk");
+        QTest::newRow("limit") << false;
+        QTest::newRow("disk") << true;
+    }
+
+    void aFullDiskKeepsWhatItHas()
+    {
+        QFETCH(bool, isRealDisk);
+        if (isRealDisk && !m_disk.isMounted())
+            QSKIP("this machine lets nobody mount a file system");
+        if (isRealDisk)
+            m_file = m_disk.folder() + QStringLiteral("/test.conf");
+        const QByteArray old(100'000, 'a');
+        const QByteArray tooLong(1'000'000, 'b');
+        UserDefaults defaults(m_file);
+        QCOMPARE(defaults.setText(key, old), std::nullopt);
+        const QByteArray before = contentOf(m_file);
+        {
+            std::optional<FileSizeLimit> limit;
+            if (!isRealDisk)
+                limit.emplace(200'000);
+            for (int i = 0; i < 3; ++i) {
+                const auto error = defaults.setText(key, tooLong);
+                QVERIFY(error);
+                QCOMPARE(*error, qt_error_string(isRealDisk ? ENOSPC : EFBIG));
+                QCOMPARE(contentOf(m_file), before);
+            }
+        }
+        // As soon as there is room it works again.
+        QCOMPARE(defaults.setText(key, "short"), std::nullopt);
+        QVERIFY(contentOf(m_file).contains("short"));
+    }
+
+    void locksOthersOut()
+    {
+        const QString folder = m_folder->path();
+        int count = 0;
+        const auto countUp = [&] {
+            for (int i = 0; i < 200; ++i) {
+                const FolderLock lock(folder);
+                const int before = count;
+                std::this_thread::yield();
+                count = before + 1;
+            }
+        };
+        std::thread other(countUp);
+        countUp();
+        other.join();
+        QCOMPARE(count, 400);
+    }
+
+    void waitsForNobodyForEver()
+    {
+        const FolderLock first(m_folder->path());
+        const FolderLock second(m_folder->path());
+        const FolderLock nowhere(QStringLiteral("/no/such/folder"));
+    }
+
+private:
+    const SmallDisk &m_disk;
+    std::optional<QTemporaryDir> m_folder;
+    QString m_file;
+};
+
+int main(int argc, char *argv[])
+{
+    const SmallDisk disk(256 * 1024);
+    QCoreApplication application(argc, argv);
+    UserDefaultsTest test(disk);
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_user_defaults.moc"
