@@ -1,7 +1,7 @@
 // What the model makes of the addresses of streams and pages, and of texts that are none.
 #include "ChangeLog.h"
 #include "player/PlayerModel.h"
-#include "StandInPanels.h"
+#include "support/StandInPanels.h"
 #include "support/TestServer.h"
 
 #include <QTest>

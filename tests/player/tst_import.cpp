@@ -1,7 +1,7 @@
 // Lists of channels from files.
 #include "ChangeLog.h"
 #include "player/PlayerModel.h"
-#include "StandInPanels.h"
+#include "support/StandInPanels.h"
 #include "support/TestServer.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // Lists of channels from real servers.
 #include "ChangeLog.h"
 #include "player/PlayerModel.h"
-#include "StandInPanels.h"
+#include "support/StandInPanels.h"
 #include "support/TestAuthority.h"
 #include "support/TestServer.h"
 
