@@ -17,7 +17,8 @@ namespace {
 const SavePanel savePanel { QStringLiteral("Save It"), QStringLiteral("Put There"),
     QStringLiteral("list 1.m3u"), QStringLiteral("Lists"), QStringLiteral("m3u") };
 
-// Does something to the next panel once it is up.
+// Does something to the next panel once it is up, and again until it has gone: a panel that still
+// reads its folder may not take it the first time.
 template <typename Dialog> void whenShown(const std::function<void(Dialog &)> &act)
 {
     auto *const timer = new QTimer(qApp);
@@ -25,7 +26,8 @@ template <typename Dialog> void whenShown(const std::function<void(Dialog &)> &a
         auto *const dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
         if (!dialog || !dialog->isVisible())
             return;
-        timer->deleteLater();
+        QObject::connect(
+            dialog, &QDialog::finished, timer, &QObject::deleteLater, Qt::UniqueConnection);
         act(*dialog);
     });
     timer->start(10);
