@@ -20,8 +20,8 @@ FolderLock::FolderLock(const QString &folder)
     if (m_folder < 0)
         return;
     const QDeadlineTimer patience(3s);
-    while (::flock(m_folder, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)
-        && !patience.hasExpired())
+    while (!(m_isHeld = ::flock(m_folder, LOCK_EX | LOCK_NB) == 0)
+        && (errno == EWOULDBLOCK || errno == EINTR) && !patience.hasExpired())
         QThread::usleep(500);
 }
 

@@ -16,8 +16,11 @@ public:
     FolderLock(const FolderLock &) = delete;
     FolderLock &operator=(const FolderLock &) = delete;
 
+    bool isHeld() const { return m_isHeld; }
+
 private:
     int m_folder;
+    bool m_isHeld = false;
 };
 
 } // namespace zeph

@@ -83,9 +83,13 @@ std::optional<QByteArray> UserDefaults::text(const QString &key) const
     return value.toByteArray();
 }
 
-std::optional<QString> UserDefaults::setText(const QString &key, const QByteArray &utf8)
+std::optional<QString> UserDefaults::setText(
+    const FolderLock &lock, const QString &key, const QByteArray &utf8)
 {
-    QDir().mkpath(QFileInfo(m_file).absolutePath());
+    // QSettings has a lock of its own. Left behind by a process that was killed, it may hold up all
+    // others for half a minute.
+    if (lock.isHeld())
+        QFile::remove(m_file + QStringLiteral(".lock"));
     createForUserOnly(m_file);
     lastWriteError.reset();
     QSettings settings(m_file, format());

@@ -26,11 +26,12 @@ public:
     /// when what is there cannot be read.
     std::optional<QByteArray> text(const QString &key) const;
 
-    /// Stores valid UTF-8 under `key`, which consists of ASCII letters, digits, dots and hyphens.
-    /// Once this returns it is on the disk. Returns nothing, or, as text for the user, why that
-    /// failed; the file is then as it was. A process that ends in the middle of it, by whatever
-    /// means, leaves the old text or the new.
-    std::optional<QString> setText(const QString &key, const QByteArray &utf8);
+    /// Stores valid UTF-8 under `key`, which consists of ASCII letters, digits, dots and hyphens,
+    /// while the caller holds the `lock` of this object. Once this returns it is on the disk.
+    /// Returns nothing, or, as text for the user, why that failed; the file is then as it was. A
+    /// process that ends in the middle of it, by whatever means, leaves the old text or the new.
+    std::optional<QString> setText(
+        const FolderLock &lock, const QString &key, const QByteArray &utf8);
 
 private:
     QString m_file;

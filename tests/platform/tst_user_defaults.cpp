@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QSettings>
 #include <QStandardPaths>
@@ -43,6 +44,11 @@ QByteArray randomText(QRandomGenerator &random)
     return text.toUtf8();
 }
 
+std::optional<QString> store(UserDefaults defaults, const QString &name, const QByteArray &text)
+{
+    return defaults.setText(defaults.lock(), name, text);
+}
+
 } // namespace
 
 class UserDefaultsTest : public QObject {
@@ -63,13 +69,13 @@ private Q_SLOTS:
         UserDefaults defaults(m_file);
         QCOMPARE(defaults.text(key), std::nullopt);
         QVERIFY(!QFile::exists(m_file));
-        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        QCOMPARE(store(defaults, key, "one"), std::nullopt);
         QCOMPARE(defaults.text(key), "one");
         QCOMPARE(UserDefaults(m_file).text(key), "one");
         const QByteArray zero("1\0002", 3);
-        QCOMPARE(defaults.setText(key, zero), std::nullopt);
+        QCOMPARE(store(defaults, key, zero), std::nullopt);
         QCOMPARE(defaults.text(key), zero);
-        QCOMPARE(defaults.setText(key, ""), std::nullopt);
+        QCOMPARE(store(defaults, key, ""), std::nullopt);
         QCOMPARE(defaults.text(key), "");
         QCOMPARE(contentOf(m_file), "[General]\nSome.Key-1=\"\"\n");
     }
@@ -81,7 +87,7 @@ private Q_SLOTS:
         const QString folder = QStandardPaths::writableLocation(QStandardPaths::ConfigLocation);
         const QString file = folder + QStringLiteral("/organization/application.conf");
         QFile::remove(file);
-        QCOMPARE(UserDefaults().setText(key, "one"), std::nullopt);
+        QCOMPARE(store(UserDefaults(), key, "one"), std::nullopt);
         QCOMPARE(UserDefaults(file).text(key), "one");
         QVERIFY(QDir(folder + QStringLiteral("/organization")).removeRecursively());
     }
@@ -89,11 +95,11 @@ private Q_SLOTS:
     void seesWhatOthersStored()
     {
         UserDefaults defaults(m_file);
-        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        QCOMPARE(store(defaults, key, "one"), std::nullopt);
         writeFile(m_file, "[General]\nSome.Key-1=\"another\"\n");
         QCOMPARE(defaults.text(key), "another");
         QVERIFY(QFile::remove(m_file));
-        QCOMPARE(defaults.setText(key, "two"), std::nullopt);
+        QCOMPARE(store(defaults, key, "two"), std::nullopt);
         QCOMPARE(UserDefaults(m_file).text(key), "two");
     }
 
@@ -104,7 +110,7 @@ private Q_SLOTS:
         for (int i = 0; i < 300; ++i) {
             const QByteArray text = randomText(random);
             UserDefaults defaults(m_file);
-            QCOMPARE(defaults.setText(key, text), std::nullopt);
+            QCOMPARE(store(defaults, key, text), std::nullopt);
             const QString copy = m_folder->filePath(QStringLiteral("%1.conf").arg(i));
             QVERIFY(QFile::copy(m_file, copy));
             QCOMPARE(UserDefaults(copy).text(key), text);
@@ -146,7 +152,7 @@ private Q_SLOTS:
         UserDefaults defaults(m_file);
         QCOMPARE(defaults.text(key), std::nullopt);
         // It is kept all the same.
-        QCOMPARE(defaults.setText(QStringLiteral("Other"), "x"), std::nullopt);
+        QCOMPARE(store(defaults, QStringLiteral("Other"), "x"), std::nullopt);
         QCOMPARE(contentOf(m_file), "[General]\nOther=\"x\"\nSome.Key-1=" + value + '\n');
     }
 
@@ -159,7 +165,7 @@ private Q_SLOTS:
         UserDefaults defaults(m_file);
         QCOMPARE(defaults.text(QStringLiteral("x")), "1");
         QCOMPARE(defaults.text(QStringLiteral("size")), std::nullopt);
-        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        QCOMPARE(store(defaults, key, "one"), std::nullopt);
         QCOMPARE(contentOf(m_file),
             "[General]\nSome.Key-1=\"one\"\nx=\"1\"\n\n[%General]\nx=a, b\n\n"
             "[Window]\na%20b=\"2\"\nsize=@Size(3 4)\n");
@@ -168,24 +174,24 @@ private Q_SLOTS:
     void isForItsUserOnly()
     {
         UserDefaults defaults(m_file);
-        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        QCOMPARE(store(defaults, key, "one"), std::nullopt);
         const auto others =
             QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
         QVERIFY(!(QFile::permissions(m_file) & others));
         // Unless the user wants it otherwise.
         QVERIFY(QFile::setPermissions(m_file, QFile::permissions(m_file) | QFile::ReadGroup));
-        QCOMPARE(defaults.setText(key, "two"), std::nullopt);
+        QCOMPARE(store(defaults, key, "two"), std::nullopt);
         QVERIFY(QFile::permissions(m_file) & QFile::ReadGroup);
     }
 
     void followsLinks()
     {
         UserDefaults defaults(m_file);
-        QCOMPARE(defaults.setText(key, "one"), std::nullopt);
+        QCOMPARE(store(defaults, key, "one"), std::nullopt);
         const QString link = m_folder->filePath(QStringLiteral("link.conf"));
         QVERIFY(QFile::link(m_file, link));
         QCOMPARE(UserDefaults(link).text(key), "one");
-        QCOMPARE(UserDefaults(link).setText(key, "two"), std::nullopt);
+        QCOMPARE(store(UserDefaults(link), key, "two"), std::nullopt);
         QVERIFY(QFileInfo(link).isSymbolicLink());
         QVERIFY(contentOf(m_file).contains("two"));
     }
@@ -193,13 +199,22 @@ private Q_SLOTS:
     void leavesNothingElseBehind()
     {
         UserDefaults defaults(m_file);
-        for (int i = 0; i < 3; ++i) {
-            const FolderLock lock = defaults.lock();
-            QCOMPARE(defaults.setText(key, QByteArray::number(i)), std::nullopt);
-        }
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(store(defaults, key, QByteArray::number(i)), std::nullopt);
         QCOMPARE(QFileInfo(m_file).dir().entryList(
                      QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
             QStringList(QStringLiteral("test.conf")));
+    }
+
+    // What a process that is killed at the wrong moment leaves behind.
+    void isNotHeldUpByTheDead()
+    {
+        QCOMPARE(store(UserDefaults(m_file), key, "one"), std::nullopt);
+        writeFile(m_file + QStringLiteral(".lock"), {});
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(store(UserDefaults(m_file), key, "two"), std::nullopt);
+        QVERIFY(time.elapsed() < 15'000);
     }
 
     void tellsWhyItCannotStore_data()
@@ -215,7 +230,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, file);
         UserDefaults defaults(file);
-        const auto error = defaults.setText(key, "one");
+        const auto error = store(defaults, key, "one");
         QVERIFY(error);
         QVERIFY(!error->isEmpty());
         QVERIFY2(!error->contains(QStringLiteral("Unknown")), qPrintable(*error));
@@ -238,21 +253,21 @@ private Q_SLOTS:
         const QByteArray old(100'000, 'a');
         const QByteArray tooLong(1'000'000, 'b');
         UserDefaults defaults(m_file);
-        QCOMPARE(defaults.setText(key, old), std::nullopt);
+        QCOMPARE(store(defaults, key, old), std::nullopt);
         const QByteArray before = contentOf(m_file);
         {
             std::optional<FileSizeLimit> limit;
             if (!isRealDisk)
                 limit.emplace(200'000);
             for (int i = 0; i < 3; ++i) {
-                const auto error = defaults.setText(key, tooLong);
+                const auto error = store(defaults, key, tooLong);
                 QVERIFY(error);
                 QCOMPARE(*error, qt_error_string(isRealDisk ? ENOSPC : EFBIG));
                 QCOMPARE(contentOf(m_file), before);
             }
         }
         // As soon as there is room it works again.
-        QCOMPARE(defaults.setText(key, "short"), std::nullopt);
+        QCOMPARE(store(defaults, key, "short"), std::nullopt);
         QVERIFY(contentOf(m_file).contains("short"));
     }
 
@@ -277,8 +292,9 @@ private Q_SLOTS:
     void waitsForNobodyForEver()
     {
         const FolderLock first(m_folder->path());
-        const FolderLock second(m_folder->path());
-        const FolderLock nowhere(QStringLiteral("/no/such/folder"));
+        QVERIFY(first.isHeld());
+        QVERIFY(!FolderLock(m_folder->path()).isHeld());
+        QVERIFY(!FolderLock(QStringLiteral("/no/such/folder")).isHeld());
     }
 
 private:
