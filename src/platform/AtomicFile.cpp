@@ -1,5 +1,7 @@
 #include "platform/AtomicFile.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <cerrno>
@@ -7,8 +9,16 @@
 
 namespace zeph {
 
+bool isFileOrNothing(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.isFile() || !info.exists();
+}
+
 std::optional<QString> replaceFile(const QString &path, QByteArrayView bytes)
 {
+    if (!isFileOrNothing(path))
+        return QCoreApplication::translate("AtomicFile", "It is not a file.");
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();

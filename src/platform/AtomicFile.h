@@ -10,6 +10,10 @@ class QFileDevice;
 
 namespace zeph {
 
+/// Whether there is an ordinary file at `path`, or nothing yet. A device, a pipe or a folder must
+/// not be replaced by a file, which with enough rights would succeed.
+bool isFileOrNothing(const QString &path);
+
 /// Makes `bytes` the content of the file at `path`. Returns nothing, or, as text for the user, why
 /// that failed; then the file is as it was, or still not there. A process that ends in the middle
 /// of it, by whatever means, leaves the old content or the new.

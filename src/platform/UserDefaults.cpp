@@ -77,6 +77,8 @@ FolderLock UserDefaults::lock() const
 
 std::optional<QByteArray> UserDefaults::text(const QString &key) const
 {
+    if (!isFileOrNothing(m_file))
+        return std::nullopt;
     const QVariant value = QSettings(m_file, format()).value(key);
     if (value.typeId() != QMetaType::QByteArray)
         return std::nullopt;
@@ -86,6 +88,8 @@ std::optional<QByteArray> UserDefaults::text(const QString &key) const
 std::optional<QString> UserDefaults::setText(
     const FolderLock &lock, const QString &key, const QByteArray &utf8)
 {
+    if (!isFileOrNothing(m_file))
+        return QCoreApplication::translate("UserDefaults", "The settings file is not a file.");
     // QSettings has a lock of its own. Left behind by a process that was killed, it may hold up all
     // others for half a minute.
     if (lock.isHeld())

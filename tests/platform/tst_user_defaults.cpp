@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include <cerrno>
+#include <sys/stat.h>
 #include <thread>
 
 using namespace zeph;
@@ -194,6 +195,18 @@ private Q_SLOTS:
         QCOMPARE(store(UserDefaults(link), key, "two"), std::nullopt);
         QVERIFY(QFileInfo(link).isSymbolicLink());
         QVERIFY(contentOf(m_file).contains("two"));
+    }
+
+    // With the rights of root it could be replaced, as a device could.
+    void leavesWhatIsNoFile()
+    {
+        m_file = m_folder->filePath(QStringLiteral("test.conf"));
+        QCOMPARE(::mkfifo(QFile::encodeName(m_file).constData(), 0600), 0);
+        QCOMPARE(UserDefaults(m_file).text(key), std::nullopt);
+        QVERIFY(store(UserDefaults(m_file), key, "one"));
+        struct stat file { };
+        QCOMPARE(::lstat(QFile::encodeName(m_file).constData(), &file), 0);
+        QVERIFY(S_ISFIFO(file.st_mode));
     }
 
     void leavesNothingElseBehind()
