@@ -8,6 +8,8 @@ Item {
 
     required property PlayerModel model
 
+    Component.onCompleted: model.installKeyboardShortcuts()
+
     PlayerSurface {
         anchors.fill: parent
         model: content.model

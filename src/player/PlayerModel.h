@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Delay.h"
+#include "platform/EventMonitor.h"
 #include "platform/MediaPlayer.h"
 #include "player/LastPlayableSource.h"
 #include "sources/PlaylistReader.h"
@@ -12,6 +13,8 @@
 #include <QUuid>
 
 #include <optional>
+
+class QKeyEvent;
 
 namespace zeph {
 
@@ -110,6 +113,8 @@ public:
     Q_INVOKABLE void toggleMute();
     /// Limited to 0…1; 0 also mutes. Not-a-number is ignored.
     Q_INVOKABLE void setVolume(double value);
+    /// Changes the volume by a part of the full one, to whole per cent, and shows it.
+    Q_INVOKABLE void adjustVolume(double delta);
     /// Renames a live stream; nothing else has a title that changes.
     void updateStreamTitle(const QString &name);
 
@@ -135,6 +140,10 @@ public:
     void replayLastSourceOrShowToast();
     /// Replaces the message that is shown, if any; its time starts anew.
     void showToast(const QString &message, quint64 durationNanoseconds);
+
+    /// From now on the keys control the player, unless what has the focus needs them, and the
+    /// mouse's moves are notified as `playerMouseMoved`. A second call does nothing.
+    Q_INVOKABLE void installKeyboardShortcuts();
 
 Q_SIGNALS:
     void titleChanged();
@@ -188,6 +197,9 @@ private:
     void showBufferingIndicatorAfterDelay();
     void hideBufferingIndicator();
 
+    /// Returns whether the press is consumed.
+    bool handleKeyPress(const QKeyEvent &press);
+
     FilePanels &m_panels;
 
     QString m_title;
@@ -212,6 +224,8 @@ private:
 
     MediaPlayer m_player;
     int m_timeObserver = 0;
+    std::optional<EventMonitor> m_keyboardMonitor;
+    std::optional<EventMonitor> m_mouseMonitor;
     Delay m_bufferingIndicatorTask;
     Delay m_toastTask;
     QUuid m_remoteRequestID; ///< Of the newest request: answers to older ones change nothing.

@@ -154,6 +154,17 @@ private Q_SLOTS:
         QTRY_COMPARE(surface(), before);
     }
 
+    void theKeysReachThePlayer()
+    {
+        Program program;
+        QTRY_COMPARE_WITH_TIMEOUT(program.title(), QStringLiteral("Zeph Player"), 20000);
+        QTRY_COMPARE(program.screen().size(), QSize(700, 430));
+        const QImage before = program.screen();
+        program.press(QStringLiteral("space"));
+        QTRY_VERIFY(program.screen() != before); // A message says that there is nothing to play,
+        QTRY_COMPARE(program.screen(), before);  // and goes away.
+    }
+
     void controlOOpensThePanelAndEscapeClosesIt()
     {
         Program program;

@@ -1,4 +1,5 @@
 // The scripts that the model sends to the web players.
+#include "RecordingPage.h"
 #include "player/PlayerModel.h"
 #include "sources/WebPlayerRegistry.h"
 #include "support/StandInPanels.h"
@@ -12,12 +13,6 @@
 using namespace zeph;
 
 namespace {
-
-class RecordingPage final : public WebPage {
-public:
-    QStringList scripts;
-    void evaluateJavaScript(const QString &script) override { scripts << script; }
-};
 
 const YouTubeContent youtube { QStringLiteral("abc"), std::nullopt };
 const OKVideoContent okVideo { QStringLiteral("123") };

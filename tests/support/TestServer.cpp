@@ -202,6 +202,23 @@ void TestServer::stallAfter(const QString &path, const QByteArray &start)
     m_released = false;
 }
 
+void TestServer::pauseWithin(const QString &path, const QByteArray &body, double part)
+{
+    answer(path, [=, this](const httplib::Request &, httplib::Response &response) {
+        const auto send = [=, this](size_t, httplib::DataSink &sink) {
+            const auto first = static_cast<size_t>(part * static_cast<double>(body.size()));
+            sink.write(body.constData(), first);
+            waitUntilReleased();
+            sink.write(body.constData() + first, static_cast<size_t>(body.size()) - first);
+            sink.done();
+            return true;
+        };
+        response.set_chunked_content_provider(contentType(path), send);
+    });
+    const QMutexLocker lock(&m_mutex);
+    m_released = false;
+}
+
 void TestServer::serveStatus(const QString &path, int status)
 {
     answer(path, [status](const httplib::Request &, httplib::Response &response) {

@@ -62,6 +62,8 @@ public:
     void serveEndlessly(const QString &path, const QByteArray &piece);
     /// Sends `start` and then nothing more until `release`.
     void stallAfter(const QString &path, const QByteArray &start);
+    /// Sends this part of `body`, and the rest after `release`.
+    void pauseWithin(const QString &path, const QByteArray &body, double part);
     /// Answers with a status and a page about it.
     void serveStatus(const QString &path, int status);
     /// Changes the answers at `path`, however they are given.

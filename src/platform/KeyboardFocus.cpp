@@ -1,0 +1,50 @@
+#include "platform/KeyboardFocus.h"
+
+#include <QGuiApplication>
+#include <QInputMethodQueryEvent>
+#include <QQuickItem>
+#include <QWindow>
+
+namespace zeph {
+
+namespace {
+
+bool isMainWindow(const QWindow *window)
+{
+    return window && window->type() == Qt::Window && window->modality() == Qt::NonModal;
+}
+
+bool takesText(QObject *object)
+{
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    return QCoreApplication::sendEvent(object, &query) && query.value(Qt::ImEnabled).toBool();
+}
+
+// Menus and dialogues within the window have the focus themselves.
+bool isInPopup(QObject *object)
+{
+    for (auto *item = qobject_cast<QQuickItem *>(object); item; item = item->parentItem()) {
+        if (item->inherits("QQuickPopupItem"))
+            return true;
+    }
+    return false;
+}
+
+// A list that drops down leaves the focus with what it drops from.
+bool hasPopupOpen(const QObject *object)
+{
+    const auto *popup = object->property("popup").value<QObject *>();
+    return popup && popup->property("opened").toBool();
+}
+
+} // namespace
+
+bool focusKeepsKeys()
+{
+    if (!isMainWindow(QGuiApplication::focusWindow()))
+        return true;
+    QObject *focus = QGuiApplication::focusObject();
+    return focus && (takesText(focus) || isInPopup(focus) || hasPopupOpen(focus));
+}
+
+} // namespace zeph

@@ -1,0 +1,470 @@
+// The player's keys, pressed on the keyboard of a real display.
+#include "ExpectedKeys.h"
+#include "player/PlayerModel.h"
+#include "RecordingPage.h"
+#include "support/StandInPanels.h"
+
+#include <QKeyEvent>
+#include <QProcess>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QScopeGuard>
+#include <QTest>
+
+using namespace zeph;
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+const YouTubeContent youtube { QStringLiteral("abc"), std::nullopt };
+
+void run(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        qFatal("%s fails", qPrintable(program));
+}
+
+/// Presses and releases keys, or moves the mouse; on the display, not in this process.
+void xdotool(const QStringList &arguments)
+{
+    run(QStringLiteral("xdotool"), arguments);
+}
+
+QStringList heldModifiers(const QString &action, Qt::KeyboardModifiers modifiers)
+{
+    QStringList arguments;
+    for (const ModifierKey &key : modifierKeys) {
+        if (modifiers.testFlag(key.modifier))
+            arguments << action << QString::number(key.scanCode);
+    }
+    return arguments;
+}
+
+/// Sees what reaches the application, before the player does.
+class Arrivals : public QObject {
+public:
+    Arrivals() { QCoreApplication::instance()->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (!watched->isWindowType())
+            return false;
+        if (event->type() == QEvent::KeyPress) {
+            const auto *press = static_cast<const QKeyEvent *>(event);
+            ++presses[int(press->nativeScanCode())];
+            repeats += press->isAutoRepeat();
+        } else if (event->type() == QEvent::KeyRelease) {
+            const auto *release = static_cast<const QKeyEvent *>(event);
+            if (!release->isAutoRepeat())
+                ++releases[int(release->nativeScanCode())];
+        }
+        return false;
+    }
+
+    QHash<int, int> presses; ///< By scan code, repeated ones included.
+    QHash<int, int> releases;
+    int repeats = 0;
+};
+
+/// Sees what has got past the player.
+class PassedOn : public QObject {
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::KeyPress)
+            ++presses[int(static_cast<const QKeyEvent *>(event)->nativeScanCode())];
+        return false;
+    }
+
+    QHash<int, int> presses; ///< By scan code, repeated ones included.
+};
+
+} // namespace
+
+class KeyboardTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void everyKeyWithEveryModifier_data();
+    void everyKeyWithEveryModifier();
+    void heldKeys_data() { everyKeyWithEveryModifier_data(); }
+    void heldKeys();
+    void keysOfATextField_data() { everyKeyWithEveryModifier_data(); }
+    void keysOfATextField();
+
+    void otherLayouts_data();
+    void otherLayouts();
+    void theLetterAtAnotherPlaceIsAnotherKey();
+    void capitalsAndNumbersAreLocked();
+
+    void spaceIsTypedIntoATextField();
+    void aReadOnlyTextNeedsNoKeys();
+    void aDialogKeepsItsKeys();
+    void aMenuKeepsItsKeys();
+    void aDropDownListKeepsItsKeys();
+    void aClosedDropDownListDoesNot();
+
+    void keysWithoutAKeyboard();
+    void installedTwiceItActsOnce();
+    void withoutTheModelKeysPassOn();
+    void beforeItIsInstalledKeysPassOn();
+
+private:
+    QQuickItem *item(const char *name) const;
+    void focus(const char *name);
+    void press(const KeyOnKeyboard &key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void hold(const KeyOnKeyboard &key, Qt::KeyboardModifiers modifiers);
+    void verifyActed(const ExpectedAction &expected, int times);
+    QStringList expectedScripts(const ExpectedAction &expected, int times) const;
+
+    StandInPanels m_panels;
+    RecordingPage m_page;
+    QQmlEngine m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
+    std::optional<PlayerModel> m_model;
+    std::unique_ptr<Arrivals> m_arrivals;
+    PassedOn m_passedOn;
+};
+
+void KeyboardTest::initTestCase()
+{
+    // A held key is to repeat soon, and often.
+    run(QStringLiteral("xset"),
+        { QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("150"),
+            QStringLiteral("60") });
+    YouTubePlayerRegistry::shared().setWebView(&m_page);
+
+    QQmlComponent component(&m_engine);
+    component.setData(R"(
+        import QtQuick
+        import QtQuick.Controls
+        ApplicationWindow {
+            width: 300; height: 300; visible: true
+            Item { objectName: "plain"; focus: true }
+            TextField { objectName: "text" }
+            TextField { objectName: "readOnlyText"; readOnly: true }
+            ComboBox { objectName: "dropDown"; model: ["a", "b", "c"] }
+            Menu {
+                objectName: "menu"
+                MenuItem { text: "a" }
+                MenuItem { text: "b" }
+            }
+        }
+    )",
+        QUrl());
+    m_window.reset(qobject_cast<QQuickWindow *>(component.create()));
+    QVERIFY2(m_window, qPrintable(component.errorString()));
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get(), patience));
+}
+
+void KeyboardTest::init()
+{
+    m_model.emplace(m_panels);
+    m_model->installKeyboardShortcuts();
+    m_model->setVolume(0.5);
+    m_model->show(youtube, QString());
+    QCoreApplication::processEvents();
+    m_page.scripts.clear();
+    m_arrivals = std::make_unique<Arrivals>(); // after the player's, and so before them
+    focus("plain");
+}
+
+void KeyboardTest::cleanup()
+{
+    m_model.reset();
+    m_arrivals.reset();
+}
+
+QQuickItem *KeyboardTest::item(const char *name) const
+{
+    return m_window->findChild<QQuickItem *>(QLatin1String(name));
+}
+
+void KeyboardTest::focus(const char *name)
+{
+    if (QObject *last = QGuiApplication::focusObject())
+        last->removeEventFilter(&m_passedOn);
+    item(name)->forceActiveFocus();
+    QCOMPARE(QGuiApplication::focusObject(), item(name));
+    item(name)->installEventFilter(&m_passedOn);
+    m_passedOn.presses.clear();
+}
+
+void KeyboardTest::press(const KeyOnKeyboard &key, Qt::KeyboardModifiers modifiers)
+{
+    const int before = m_arrivals->releases.value(key.scanCode);
+    xdotool(heldModifiers(QStringLiteral("keydown"), modifiers)
+        << QStringLiteral("key") << QString::number(key.scanCode)
+        << heldModifiers(QStringLiteral("keyup"), modifiers));
+    QTRY_COMPARE_WITH_TIMEOUT(m_arrivals->releases.value(key.scanCode), before + 1, patience);
+    QCoreApplication::processEvents();
+}
+
+void KeyboardTest::hold(const KeyOnKeyboard &key, Qt::KeyboardModifiers modifiers)
+{
+    xdotool(heldModifiers(QStringLiteral("keydown"), modifiers)
+        << QStringLiteral("keydown") << QString::number(key.scanCode));
+    QTRY_VERIFY_WITH_TIMEOUT(m_arrivals->repeats >= 2, patience);
+    xdotool(QStringList { QStringLiteral("keyup"), QString::number(key.scanCode) }
+        << heldModifiers(QStringLiteral("keyup"), modifiers));
+    QTRY_COMPARE_WITH_TIMEOUT(m_arrivals->releases.value(key.scanCode), 1, patience);
+    QCoreApplication::processEvents();
+}
+
+QStringList KeyboardTest::expectedScripts(const ExpectedAction &expected, int times) const
+{
+    QStringList scripts;
+    int percent = 50;
+    for (int i = 0; i < times; ++i) {
+        switch (expected.kind) {
+        case ExpectedAction::Skip:
+            scripts << QStringLiteral("zephSkip(%1.0);").arg(expected.amount);
+            break;
+        case ExpectedAction::Volume: {
+            percent = std::clamp(percent + expected.amount, 0, 100);
+            QString number = QString::number(percent / 100.0);
+            if (!number.contains(u'.'))
+                number += QStringLiteral(".0");
+            scripts << QStringLiteral("zephSetVolume(%1);").arg(number);
+            break;
+        }
+        case ExpectedAction::Toggle:
+            scripts << QStringLiteral("zephToggle();");
+            break;
+        default:
+            break;
+        }
+    }
+    return scripts;
+}
+
+void KeyboardTest::verifyActed(const ExpectedAction &expected, int times)
+{
+    QCOMPARE(m_page.scripts, expectedScripts(expected, times));
+    QCOMPARE(
+        m_model->youtubeContent().has_value(), expected.kind != ExpectedAction::Stop || times == 0);
+}
+
+void KeyboardTest::everyKeyWithEveryModifier_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    for (int key = 0; key < keysOnKeyboard.size(); ++key) {
+        for (const Qt::KeyboardModifiers modifiers : modifierCombinations())
+            QTest::newRow(qPrintable(nameOf(keysOnKeyboard[key], modifiers)))
+                << key << int(modifiers);
+    }
+}
+
+void KeyboardTest::everyKeyWithEveryModifier()
+{
+    QFETCH(const int, key);
+    QFETCH(const int, modifiers);
+    const auto held = Qt::KeyboardModifiers(modifiers);
+    const ExpectedAction expected = expectedAction(keysOnKeyboard[key], held);
+    press(keysOnKeyboard[key], held);
+    verifyActed(expected, 1);
+    QCOMPARE(m_passedOn.presses.value(keysOnKeyboard[key].scanCode),
+        expected.kind == ExpectedAction::None ? 1 : 0);
+}
+
+void KeyboardTest::heldKeys()
+{
+    QFETCH(const int, key);
+    QFETCH(const int, modifiers);
+    const auto held = Qt::KeyboardModifiers(modifiers);
+    const ExpectedAction expected = expectedAction(keysOnKeyboard[key], held);
+    hold(keysOnKeyboard[key], held);
+    const int presses = m_arrivals->presses.value(keysOnKeyboard[key].scanCode);
+    QVERIFY(presses > 2);
+    verifyActed(expected, expected.kind == ExpectedAction::Volume ? presses : 1);
+    QCOMPARE(m_passedOn.presses.value(keysOnKeyboard[key].scanCode),
+        expected.kind == ExpectedAction::None ? presses : 0);
+}
+
+void KeyboardTest::keysOfATextField()
+{
+    QFETCH(const int, key);
+    QFETCH(const int, modifiers);
+    focus("text");
+    press(keysOnKeyboard[key], Qt::KeyboardModifiers(modifiers));
+    verifyActed({}, 0);
+    QCOMPARE(m_passedOn.presses.value(keysOnKeyboard[key].scanCode), 1);
+}
+
+void KeyboardTest::otherLayouts_data()
+{
+    QTest::addColumn<QStringList>("layout");
+    const auto row = [](const char *layout, const char *variant = "") {
+        QTest::addRow("%s %s", layout, variant) << QStringList { QLatin1String(layout),
+            QLatin1String("-variant"), QLatin1String(variant) };
+    };
+    row("us", "dvorak");
+    row("de");
+    row("fr");
+    row("ru");
+    row("gr");
+    row("ara");
+    row("tr", "f");
+}
+
+void KeyboardTest::otherLayouts()
+{
+    QFETCH(const QStringList, layout);
+    run(QStringLiteral("setxkbmap"), layout);
+    const auto restore =
+        qScopeGuard([] { run(QStringLiteral("setxkbmap"), { QStringLiteral("us") }); });
+    for (const KeyOnKeyboard &key : keysOnKeyboard) {
+        for (const Qt::KeyboardModifiers modifiers : { Qt::NoModifier, Qt::ControlModifier }) {
+            cleanup();
+            init();
+            press(key, modifiers);
+            verifyActed(expectedAction(key, modifiers), 1);
+        }
+    }
+}
+
+void KeyboardTest::theLetterAtAnotherPlaceIsAnotherKey()
+{
+    run(QStringLiteral("setxkbmap"),
+        { QStringLiteral("us"), QStringLiteral("-variant"), QStringLiteral("dvorak") });
+    const auto restore =
+        qScopeGuard([] { run(QStringLiteral("setxkbmap"), { QStringLiteral("us") }); });
+    constexpr KeyOnKeyboard vWhereDvorakHasK { "v", 55, Qt::Key_V };
+    press(vWhereDvorakHasK, Qt::ControlModifier);
+    verifyActed({}, 0);
+    QCOMPARE(m_passedOn.presses.value(55), 1);
+}
+
+void KeyboardTest::capitalsAndNumbersAreLocked()
+{
+    const QStringList locks { QStringLiteral("key"), QStringLiteral("66"), QStringLiteral("key"),
+        QStringLiteral("77") };
+    xdotool(locks);
+    const auto restore = qScopeGuard([&] { xdotool(locks); });
+    for (const KeyOnKeyboard &key : keysOnKeyboard) {
+        cleanup();
+        init();
+        press(key, Qt::ControlModifier);
+        verifyActed(expectedAction(key, Qt::ControlModifier), 1);
+    }
+}
+
+void KeyboardTest::spaceIsTypedIntoATextField()
+{
+    focus("text");
+    item("text")->setProperty("text", QString());
+    press(keysOnKeyboard[4]);
+    QCOMPARE(item("text")->property("text").toString(), QStringLiteral(" "));
+    verifyActed({}, 0);
+    focus("plain");
+    press(keysOnKeyboard[4]);
+    QCOMPARE(item("text")->property("text").toString(), QStringLiteral(" "));
+    verifyActed({ ExpectedAction::Toggle }, 1);
+}
+
+void KeyboardTest::aReadOnlyTextNeedsNoKeys()
+{
+    focus("readOnlyText");
+    press(keysOnKeyboard[4]);
+    verifyActed({ ExpectedAction::Toggle }, 1);
+}
+
+void KeyboardTest::aDialogKeepsItsKeys()
+{
+    QWindow dialog;
+    dialog.setFlag(Qt::Dialog);
+    dialog.setTransientParent(m_window.get());
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog, patience));
+    for (const KeyOnKeyboard &key : keysOnKeyboard)
+        press(key);
+    verifyActed({}, 0);
+    dialog.close();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get(), patience));
+    press(keysOnKeyboard[4]);
+    verifyActed({ ExpectedAction::Toggle }, 1);
+}
+
+void KeyboardTest::aMenuKeepsItsKeys()
+{
+    auto *menu = m_window->findChild<QObject *>(QStringLiteral("menu"));
+    QVERIFY(QMetaObject::invokeMethod(menu, "open"));
+    QTRY_VERIFY(menu->property("opened").toBool());
+    press(keysOnKeyboard[3]);
+    press(keysOnKeyboard[3]);
+    verifyActed({}, 0);
+    QCOMPARE(menu->property("currentIndex").toInt(), 1);
+    QVERIFY(QMetaObject::invokeMethod(menu, "close"));
+    QTRY_VERIFY(!menu->property("visible").toBool());
+    focus("plain");
+    press(keysOnKeyboard[3]);
+    verifyActed({ ExpectedAction::Volume, -5 }, 1);
+}
+
+void KeyboardTest::aDropDownListKeepsItsKeys()
+{
+    focus("dropDown");
+    auto *list = item("dropDown")->property("popup").value<QObject *>();
+    QVERIFY(QMetaObject::invokeMethod(list, "open"));
+    QTRY_VERIFY(list->property("opened").toBool());
+    press(keysOnKeyboard[3]);
+    verifyActed({}, 0);
+    QCOMPARE(item("dropDown")->property("highlightedIndex").toInt(), 1);
+    QVERIFY(QMetaObject::invokeMethod(list, "close"));
+    QTRY_VERIFY(!list->property("visible").toBool());
+}
+
+void KeyboardTest::aClosedDropDownListDoesNot()
+{
+    focus("dropDown");
+    press(keysOnKeyboard[3]);
+    verifyActed({ ExpectedAction::Volume, -5 }, 1);
+    QCOMPARE(item("dropDown")->property("currentIndex").toInt(), 0);
+}
+
+void KeyboardTest::keysWithoutAKeyboard()
+{
+    QTest::keyClick(m_window.get(), Qt::Key_Right, Qt::AltModifier);
+    QCoreApplication::processEvents();
+    verifyActed({ ExpectedAction::Skip, 20 }, 1);
+    QTest::keyClick(m_window.get(), Qt::Key_K, Qt::ControlModifier);
+    QVERIFY(!m_model->youtubeContent());
+}
+
+void KeyboardTest::installedTwiceItActsOnce()
+{
+    m_model->installKeyboardShortcuts();
+    press(keysOnKeyboard[0]);
+    verifyActed({ ExpectedAction::Skip, -5 }, 1);
+}
+
+void KeyboardTest::withoutTheModelKeysPassOn()
+{
+    m_model.reset();
+    press(keysOnKeyboard[0]);
+    QCOMPARE(m_passedOn.presses.value(keysOnKeyboard[0].scanCode), 1);
+    QVERIFY(m_page.scripts.isEmpty());
+}
+
+void KeyboardTest::beforeItIsInstalledKeysPassOn()
+{
+    m_model.reset();
+    m_model.emplace(m_panels);
+    m_model->show(youtube, QString());
+    press(keysOnKeyboard[0]);
+    QCOMPARE(m_passedOn.presses.value(keysOnKeyboard[0].scanCode), 1);
+    verifyActed({}, 0);
+}
+
+QTEST_MAIN(KeyboardTest)
+#include "tst_keyboard.moc"
