@@ -1,6 +1,6 @@
 // When the buffering indicator shows, over a stream that really stalls.
 #include "player/PlayerModel.h"
-#include "StandInPanels.h"
+#include "support/StandInPanels.h"
 #include "support/EngineTest.h"
 #include "support/TestServer.h"
 

@@ -67,7 +67,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(QCursor::pos(), QPoint(170, 170), patience);
         QCoreApplication::processEvents();
         QCOMPARE(posted.size(), first.moves); // once each, and passed on
-        QCOMPARE(posted[0][0].toString(), QStringLiteral("ZephPlayer.playerMouseMoved"));
+        QCOMPARE(posted[0][0].value<QLatin1StringView>(), playerMouseMoved.name);
         QCOMPARE(lastWindow(), &first);
 
         xdotool(QStringLiteral("mousemove 600 150 mousemove 610 150"));
