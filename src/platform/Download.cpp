@@ -4,7 +4,6 @@
 
 #include <QNetworkReply>
 #include <QNetworkRequest>
-#include <QSslCertificate>
 #include <QSslConfiguration>
 #include <QtConcurrent>
 
@@ -31,9 +30,9 @@ QNetworkRequest requestFor(const QUrl &url)
     // Said here, it leaves the unpacking to us: the network classes would do it on this thread, and
     // would take a list that repeats itself, and so packs well, for an attack.
     request.setRawHeader("Accept-Encoding", "gzip");
-    if (const QByteArray authorities = certificateAuthorityFile(); !authorities.isEmpty()) {
+    if (!certificateAuthorityFile().isEmpty()) {
         QSslConfiguration security = request.sslConfiguration();
-        security.setCaCertificates(QSslCertificate::fromPath(QString::fromLocal8Bit(authorities)));
+        security.setCaCertificates(certificateAuthorities());
         request.setSslConfiguration(security);
     }
     return request;
