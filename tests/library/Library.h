@@ -1,0 +1,37 @@
+// A store of saved links over a settings file.
+#pragma once
+
+#include "library/LocalM3UStore.h"
+#include "player/PlayerModel.h"
+#include "support/StandInPanels.h"
+
+#include <QFile>
+
+struct Library {
+    explicit Library(const QString &file) : defaults(file) { }
+
+    QStringList names() const
+    {
+        QStringList names;
+        for (const zeph::PlaylistEntry &entry : store.entries())
+            names << entry.name();
+        return names;
+    }
+
+    zeph::UserDefaults defaults;
+    StandInPanels panels;
+    zeph::PlayerModel model { panels };
+    zeph::LocalM3UStore store { defaults, model, panels };
+};
+
+inline QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline bool writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}

@@ -1,0 +1,33 @@
+// Links to be saved in tests.
+#pragma once
+
+#include "sources/PlaylistEntry.h"
+
+#include <QList>
+
+inline zeph::AddressText address(const QString &text)
+{
+    return zeph::AddressText::fromText(text).value();
+}
+
+/// Of a link that is called `name` and has an address of its own.
+inline zeph::PlaylistEntry::Fields savedLinkFields(const QString &name)
+{
+    const QString file = QString::fromLatin1(QUrl::toPercentEncoding(name));
+    return { QUuid::createUuid(), name, address(QStringLiteral("http://h/%1.m3u8").arg(file)), {},
+        {}, {} };
+}
+
+inline zeph::PlaylistEntry savedLink(const QString &name)
+{
+    return zeph::PlaylistEntry(savedLinkFields(name));
+}
+
+/// Called after `name` and their places in the list.
+inline QList<zeph::PlaylistEntry> savedLinks(const QString &name, int count)
+{
+    QList<zeph::PlaylistEntry> links;
+    for (int i = 0; i < count; ++i)
+        links << savedLink(name + QString::number(i));
+    return links;
+}
