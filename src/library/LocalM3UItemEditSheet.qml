@@ -1,0 +1,187 @@
+// The sheet in which a saved link is made or changed.
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import ZephPlayer.Library
+
+Popup {
+    id: sheet
+
+    required property LocalM3UItemEditView form
+
+    component Field: TextField {
+        Layout.fillWidth: true
+        selectByMouse: true
+        // A long address is told by its beginning.
+        onTextChanged: if (!activeFocus) cursorPosition = 0
+
+        Accessible.name: placeholderText
+        ToolTip.text: placeholderText
+        ToolTip.visible: hovered && !activeFocus
+        ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+    }
+
+    component SheetButton: Button {
+        id: button
+
+        required property string help
+
+        leftPadding: 10
+        rightPadding: 10
+
+        // On a button the key means the button, everywhere else the sheet.
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+
+        Accessible.name: text
+        Accessible.description: help
+        ToolTip.text: help
+        ToolTip.visible: hovered
+        ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+    }
+
+    parent: Overlay.overlay
+    anchors.centerIn: parent
+    width: Math.min(400, parent.width - 2 * margins)
+    height: Math.min(implicitHeight, parent.height - 2 * margins)
+    margins: 8
+    padding: 20
+    modal: true
+    focus: true
+    closePolicy: Popup.NoAutoClose
+
+    onOpened: nameField.forceActiveFocus(Qt.PopupFocusReason)
+
+    background: Rectangle {
+        radius: 8
+        color: sheet.palette.window
+        border.color: Qt.rgba(0.5, 0.5, 0.5, 0.5)
+    }
+
+    contentItem: Flickable {
+        implicitHeight: column.implicitHeight
+        contentHeight: column.implicitHeight
+        boundsBehavior: Flickable.StopAtBounds
+        interactive: height < contentHeight
+        clip: interactive
+
+        // In a window that is too low the keys bring up what they go to.
+        Window.onActiveFocusItemChanged: {
+            const item = Window.activeFocusItem;
+            if (!interactive || !item)
+                return;
+            const top = item.mapToItem(column, 0, 0).y;
+            contentY = Math.min(top, Math.max(contentY, top + item.height - height));
+        }
+
+        Keys.onReturnPressed: sheet.form.save()
+        Keys.onEnterPressed: sheet.form.save()
+        Keys.onEscapePressed: sheet.form.cancel()
+
+        ColumnLayout {
+            id: column
+
+            width: parent.width
+            spacing: 12
+
+            Label {
+                Layout.fillWidth: true
+                text: sheet.form.title
+                font.pixelSize: Math.round(sheet.font.pixelSize * 15 / 13)
+                font.weight: Font.DemiBold
+                elide: Text.ElideRight
+
+                Accessible.role: Accessible.Heading
+            }
+
+            Field {
+                id: nameField
+                placeholderText: qsTr("Channel or video name")
+                text: sheet.form.name
+                onTextEdited: sheet.form.name = text
+            }
+            Field {
+                placeholderText: qsTr("M3U8 URL")
+                text: sheet.form.address
+                onTextEdited: sheet.form.address = text
+                inputMethodHints: Qt.ImhUrlCharactersOnly | Qt.ImhNoPredictiveText
+            }
+            Field {
+                placeholderText: qsTr("Logo URL (optional)")
+                text: sheet.form.logoAddress
+                onTextEdited: sheet.form.logoAddress = text
+                inputMethodHints: Qt.ImhUrlCharactersOnly | Qt.ImhNoPredictiveText
+            }
+            Field {
+                placeholderText: qsTr("Country code (for example: TR, US)")
+                text: sheet.form.countryCode
+                onTextEdited: sheet.form.countryCode = text
+            }
+            Field {
+                placeholderText: qsTr("Category (optional)")
+                text: sheet.form.category
+                onTextEdited: sheet.form.category = text
+            }
+
+            RowLayout {
+                spacing: 8
+
+                SheetButton {
+                    id: chooseLogoButton
+                    text: qsTr("Choose Logo File…")
+                    help: qsTr("Choose a picture on this computer as the logo")
+                    onClicked: sheet.form.chooseLogoFile()
+                }
+                SheetButton {
+                    text: qsTr("Remove Logo")
+                    help: qsTr("Save the link without a logo")
+                    visible: sheet.form.logoAddress.length > 0
+                    onClicked: {
+                        sheet.form.removeLogo();
+                        chooseLogoButton.forceActiveFocus();
+                    }
+                }
+            }
+
+            // Not a Label, which would call itself static text.
+            Text {
+                Layout.fillWidth: true
+                visible: text.length > 0
+                text: sheet.form.errorMessage
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                font.pixelSize: Math.round(sheet.font.pixelSize * 0.85)
+                color: sheet.palette.window.hslLightness < 0.5 ? "#ff8a80" : "#b3261e"
+
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
+            }
+
+            RowLayout {
+                Layout.alignment: Qt.AlignRight
+                spacing: 8
+
+                SheetButton {
+                    text: qsTr("Cancel")
+                    help: qsTr("Close without saving")
+                    onClicked: sheet.form.cancel()
+                }
+                SheetButton {
+                    text: qsTr("Save")
+                    help: qsTr("Save the link")
+                    // It stands out while Return means it.
+                    highlighted: activeFocus || !(Window.activeFocusItem instanceof Button)
+                    onClicked: sheet.form.save()
+                }
+            }
+        }
+    }
+
+    Connections {
+        target: sheet.form
+
+        function onDismissed() {
+            sheet.close();
+        }
+    }
+}
