@@ -37,6 +37,14 @@ void VideoLayer::setPlayer(MediaPlayer *player)
     update();
 }
 
+void VideoLayer::setGravity(VideoGravity gravity)
+{
+    if (gravity == m_gravity)
+        return;
+    m_gravity = gravity;
+    update();
+}
+
 // The main thread stands still while this runs, so the player may be looked at; it may not be called,
 // because what it does in answer belongs in the main thread.
 QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
@@ -72,7 +80,11 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
         };
         QMetaObject::invokeMethod(m_player, ready, Qt::QueuedConnection);
     }
-    video->setGeometry(size(), window()->effectiveDevicePixelRatio(), m_player->pictureRotation());
+    video->setGeometry({ .layer = size(),
+                         .picture = pictureSize(),
+                         .devicePixelRatio = window()->effectiveDevicePixelRatio(),
+                         .rotation = m_player->pictureRotation(),
+                         .isOnPixels = m_gravity == VideoGravity::ResizeAspect });
     video->setPictureShown(m_player->currentItem() != nullptr);
     return video;
 }
@@ -82,6 +94,16 @@ std::unique_ptr<VideoCanvas> VideoLayer::createCanvas() const
     if (window()->rendererInterface()->graphicsApi() != QSGRendererInterface::OpenGL)
         return nullptr;
     return VideoCanvas::create(m_player->engine());
+}
+
+// The engine letterboxes by itself. To cover the layer it would have to be told, and would do so some
+// pictures later: it gets a canvas of the picture's own shape instead.
+QSizeF VideoLayer::pictureSize() const
+{
+    const MediaItem *item = m_player->currentItem();
+    if (m_gravity == VideoGravity::ResizeAspect || !item || item->presentationSize().isEmpty())
+        return size();
+    return item->presentationSize().scaled(size(), Qt::KeepAspectRatioByExpanding);
 }
 
 void VideoLayer::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)

@@ -11,7 +11,13 @@ namespace zeph {
 class MediaPlayer;
 class VideoCanvas;
 
-/// A scene item that shows the picture of a `MediaPlayer`, letterboxed in black to its own size.
+/// How a picture of another shape than its layer is fitted in.
+enum class VideoGravity {
+    ResizeAspect,     ///< Whole, letterboxed in black.
+    ResizeAspectFill, ///< Covering the layer, the same cut off on both sides.
+};
+
+/// A scene item that shows the picture of a `MediaPlayer` in its own size.
 ///
 /// The window must render with OpenGL; under another backend the layer stays empty, and the player
 /// plays without it. Main thread only, apart from the scene graph's own calls.
@@ -26,6 +32,9 @@ public:
     /// Null detaches. A player has at most one layer.
     void setPlayer(MediaPlayer *player);
 
+    VideoGravity gravity() const { return m_gravity; }
+    void setGravity(VideoGravity gravity);
+
 protected:
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
@@ -33,8 +42,10 @@ protected:
 
 private:
     std::unique_ptr<VideoCanvas> createCanvas() const;
+    QSizeF pictureSize() const;
 
     QPointer<MediaPlayer> m_player;
+    VideoGravity m_gravity = VideoGravity::ResizeAspect;
 };
 
 } // namespace zeph

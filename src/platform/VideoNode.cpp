@@ -1,9 +1,13 @@
 #include "platform/VideoNode.h"
 
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
 #include <QQuickOpenGLUtils>
 #include <QQuickWindow>
 #include <QSGTexture>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace zeph {
@@ -27,11 +31,39 @@ QMatrix4x4 clockwise(int rotation, QSizeF size)
     }
 }
 
+int largestTexture()
+{
+    GLint size = 0;
+    QOpenGLContext::currentContext()->functions()->glGetIntegerv(GL_MAX_TEXTURE_SIZE, &size);
+    return size;
+}
+
+// A picture that is very long must be drawn smaller. The engine adds black bars where a canvas is not
+// of the picture's shape: so the short side, where a pixel counts, is a whole number from the start.
+QSize canvasSize(QSizeF pixels, int largest)
+{
+    const double longSide = std::max(pixels.width(), pixels.height());
+    const double shortSide = std::min(pixels.width(), pixels.height());
+    if (longSide > largest)
+        pixels *= std::max(std::floor(shortSide * largest / longSide), 1.0) / shortSide;
+    return pixels.toSize().boundedTo({ largest, largest }).expandedTo({ 1, 1 });
+}
+
+// The middle of a canvas, as much of it as `part` is of `whole`.
+QRectF middle(QSize canvas, QSizeF part, QSizeF whole)
+{
+    const QSizeF size(canvas.width() * part.width() / whole.width(),
+                      canvas.height() * part.height() / whole.height());
+    return { QPointF((canvas.width() - size.width()) / 2, (canvas.height() - size.height()) / 2),
+             size };
+}
+
 } // namespace
 
 VideoNode::VideoNode(QQuickWindow *window, std::unique_ptr<VideoCanvas> canvas)
     : m_window(window)
     , m_canvas(std::move(canvas))
+    , m_largestTexture(largestTexture())
 {
     m_picture.setFlag(OwnedByParent, false);
     m_picture.setOwnsTexture(true);
@@ -41,15 +73,19 @@ VideoNode::VideoNode(QQuickWindow *window, std::unique_ptr<VideoCanvas> canvas)
             Qt::DirectConnection);
 }
 
-void VideoNode::setGeometry(QSizeF size, double devicePixelRatio, int rotation)
+void VideoNode::setGeometry(const Geometry &geometry)
 {
-    const QSizeF drawn = rotation % 180 == 0 ? size : size.transposed();
-    const QSize pixels = (drawn * devicePixelRatio).toSize().expandedTo({ 1, 1 });
+    const bool sideways = geometry.rotation % 180 != 0;
+    const QSizeF layer = sideways ? geometry.layer.transposed() : geometry.layer;
+    const QSizeF drawn = sideways ? geometry.picture.transposed() : geometry.picture;
+    const QSize pixels = canvasSize(drawn * geometry.devicePixelRatio, m_largestTexture);
     if (m_pixels != pixels)
         resizeCanvas(pixels);
-    m_picture.setRect(QRectF(QPointF(), drawn));
+    m_picture.setRect(QRectF(QPointF(), layer));
+    m_picture.setSourceRect(middle(pixels, layer, drawn));
+    m_picture.setFiltering(geometry.isOnPixels ? QSGTexture::Nearest : QSGTexture::Linear);
     m_picture.markDirty(DirtyMaterial);
-    setMatrix(clockwise(rotation, size));
+    setMatrix(clockwise(geometry.rotation, geometry.layer));
 }
 
 void VideoNode::setPictureShown(bool shown)
@@ -73,7 +109,6 @@ void VideoNode::resizeCanvas(QSize pixels)
     // where there is no GPU.
     m_picture.setTexture(
         QNativeInterface::QSGOpenGLTexture::fromNative(m_canvas->texture(), m_window, pixels));
-    m_picture.setFiltering(QSGTexture::Nearest);
     m_redraw = true;
 }
 

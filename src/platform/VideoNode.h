@@ -22,9 +22,14 @@ public:
 
     const VideoCanvas &canvas() const { return *m_canvas; }
 
-    /// The size of the item that the picture fills, how many pixels a unit of it has, and by how
-    /// many degrees, a multiple of 90, what the engine draws is to be turned clockwise.
-    void setGeometry(QSizeF size, double devicePixelRatio, int rotation);
+    struct Geometry {
+        QSizeF layer;   ///< What is seen.
+        QSizeF picture; ///< The whole picture, of which the layer shows the middle.
+        double devicePixelRatio;
+        int rotation;    ///< Degrees clockwise, a multiple of 90, by which the engine's is to be turned.
+        bool isOnPixels; ///< The layer's pixels lie on the screen's.
+    };
+    void setGeometry(const Geometry &geometry);
 
     /// While it is not shown nothing is drawn.
     void setPictureShown(bool shown);
@@ -40,6 +45,7 @@ private:
     QQuickWindow *const m_window;
     const std::unique_ptr<VideoCanvas> m_canvas;
     QSGSimpleTextureNode m_picture;
+    const int m_largestTexture;
     QSize m_pixels;
     bool m_redraw = false;
 };

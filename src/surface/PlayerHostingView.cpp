@@ -1,12 +1,23 @@
 #include "surface/PlayerHostingView.h"
 
 #include "platform/VideoLayer.h"
+#include "surface/PlayerLayerGeometry.h"
+
+#include <QQuickWindow>
+#include <QSGSimpleRectNode>
+
+#include <numbers>
 
 namespace zeph {
 
 PlayerHostingView::PlayerHostingView(QQuickItem *parent)
-    : QQuickItem(parent), m_playerLayer(new VideoLayer(this))
+    : QQuickItem(parent)
+    , m_cropLayer(new QQuickItem(this))
+    , m_playerLayer(new VideoLayer(m_cropLayer))
 {
+    setFlag(ItemHasContents);
+    setClip(true);
+    setAcceptedMouseButtons(Qt::LeftButton);
 }
 
 MediaPlayer *PlayerHostingView::player() const
@@ -16,22 +27,67 @@ MediaPlayer *PlayerHostingView::player() const
 
 void PlayerHostingView::setPlayer(MediaPlayer *player)
 {
-    if (player == m_playerLayer->player())
-        return;
     m_playerLayer->setPlayer(player);
-    Q_EMIT playerChanged();
+    updatePlayerFrame();
+}
+
+void PlayerHostingView::setDisplayMode(PortraitDisplayMode mode)
+{
+    if (mode != m_displayMode) {
+        m_displayMode = mode;
+        if (mode == PortraitDisplayMode::Fill || mode == PortraitDisplayMode::Rotate)
+            m_horizontalPan = 0;
+    }
+    updateGravity();
+    updatePlayerFrame();
+}
+
+void PlayerHostingView::setFillScreen(bool fillScreen)
+{
+    if (fillScreen == m_fillScreen)
+        return;
+    m_fillScreen = fillScreen;
+    updateGravity();
+    updatePlayerFrame();
+}
+
+void PlayerHostingView::updateGravity()
+{
+    m_playerLayer->setGravity(m_displayMode == PortraitDisplayMode::Normal
+            ? VideoGravity::ResizeAspect
+            : VideoGravity::ResizeAspectFill);
+}
+
+void PlayerHostingView::updatePlayerFrame()
+{
+    const MediaItem *item = player() ? player()->currentItem() : nullptr;
+    const PlayerLayerGeometry geometry = playerLayerGeometry(m_displayMode, boundingRect(),
+        item ? item->presentationSize() : QSizeF(0, 0), m_horizontalPan);
+    m_cropLayer->setPosition(geometry.crop.topLeft());
+    m_cropLayer->setSize(geometry.crop.size());
+    m_cropLayer->setClip(geometry.masksToBounds);
+    m_playerLayer->setPosition(geometry.player.topLeft());
+    m_playerLayer->setSize(geometry.player.size());
+    // Items turn clockwise, in degrees.
+    m_playerLayer->setRotation(-geometry.rotation * 180 / std::numbers::pi);
+}
+
+QSGNode *PlayerHostingView::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
+{
+    auto *background = static_cast<QSGSimpleRectNode *>(node);
+    if (!background)
+        background = new QSGSimpleRectNode({}, Qt::black);
+    background->setRect(boundingRect());
+    return background;
 }
 
 void PlayerHostingView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
     QQuickItem::geometryChange(newGeometry, oldGeometry);
-    if (newGeometry.size() != oldGeometry.size())
-        updatePlayerFrame();
-}
-
-void PlayerHostingView::updatePlayerFrame()
-{
-    m_playerLayer->setSize(size());
+    if (newGeometry.size() == oldGeometry.size())
+        return;
+    update();
+    updatePlayerFrame();
 }
 
 } // namespace zeph

@@ -7,10 +7,13 @@ Rectangle {
     id: surface
 
     required property PlayerModel model
+    property alias displayMode: playerView.displayMode
+    property alias fillScreen: playerView.fillScreen
 
     color: "black"
 
-    PlayerHostingView {
+    PlayerLayerView {
+        id: playerView
         anchors.fill: parent
         player: surface.model.player
     }

@@ -20,10 +20,15 @@ int VideoWindow::runTest(QObject &test, int argc, char *argv[])
 VideoWindow::VideoWindow(QSize size)
 {
     m_window.setColor(Qt::black);
-    m_window.resize(size);
-    m_view.setSize(size);
+    resize(size);
     m_view.setPlayer(&m_player);
     m_window.show();
+}
+
+void VideoWindow::resize(QSize size)
+{
+    m_window.resize(size);
+    m_view.setSize(size);
 }
 
 void VideoWindow::open(const QString &clip)

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/MediaPlayer.h"
-#include "surface/PlayerHostingView.h"
+#include "surface/PlayerLayerView.h"
 
 #include <QImage>
 #include <QQuickWindow>
@@ -17,7 +17,12 @@ public:
 
     QQuickWindow &window() { return m_window; }
     zeph::MediaPlayer &player() { return m_player; }
-    zeph::PlayerHostingView &view() { return m_view; }
+    zeph::PlayerLayerView &view() { return m_view; }
+    /// The native surface within the view.
+    zeph::PlayerHostingView &hostingView() { return m_view.hostingView(); }
+
+    /// The window, and the view in it.
+    void resize(QSize size);
 
     void open(const QString &clip);
     bool isOpen() const;
@@ -32,7 +37,7 @@ public:
 private:
     zeph::MediaPlayer m_player;
     QQuickWindow m_window;
-    zeph::PlayerHostingView m_view { m_window.contentItem() };
+    zeph::PlayerLayerView m_view { m_window.contentItem() };
 };
 
 /// The path of a clip that tests/clips/make-clips made.
