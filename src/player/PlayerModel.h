@@ -3,6 +3,7 @@
 
 #include "platform/Delay.h"
 #include "platform/EventMonitor.h"
+#include "platform/KeyRepeat.h"
 #include "platform/MediaPlayer.h"
 #include "player/LastPlayableSource.h"
 #include "sources/PlaylistReader.h"
@@ -224,6 +225,7 @@ private:
 
     MediaPlayer m_player;
     int m_timeObserver = 0;
+    std::optional<KeyRepeat> m_keyRepeat;
     std::optional<EventMonitor> m_keyboardMonitor;
     std::optional<EventMonitor> m_mouseMonitor;
     Delay m_bufferingIndicatorTask;

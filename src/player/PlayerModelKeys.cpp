@@ -14,6 +14,7 @@ void PlayerModel::installKeyboardShortcuts()
 {
     if (m_keyboardMonitor)
         return;
+    m_keyRepeat.emplace();
     m_keyboardMonitor.emplace(QEvent::KeyPress, [this](QWindow &, QEvent &event) {
         return handleKeyPress(static_cast<const QKeyEvent &>(event));
     });
@@ -30,7 +31,7 @@ bool PlayerModel::handleKeyPress(const QKeyEvent &press)
     const auto command = keyCommand(press);
     if (!command || focusKeepsKeys())
         return false;
-    if (press.isAutoRepeat() && !command->repeats)
+    if (m_keyRepeat->isRepeat(press) && !command->repeats)
         return true;
     switch (command->action) {
     case KeyAction::Skip:
