@@ -12,9 +12,9 @@ add_library(zeph_compiler_settings INTERFACE)
 target_compile_definitions(zeph_compiler_settings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS
     QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
-# For the whole target, unlike the other warnings: with it a precompiled header fits only files that
-# have it, too.
-target_compile_options(zeph_compiler_settings INTERFACE -Wpedantic)
+# What a precompiled header is made with, so that it fits programs as well as libraries: of itself
+# CMake compiles programs with -fPIE.
+target_compile_options(zeph_compiler_settings INTERFACE -Wpedantic -fPIC)
 
 if(ZEPH_SANITIZE)
     target_compile_options(zeph_compiler_settings INTERFACE
