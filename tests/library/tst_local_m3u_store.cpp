@@ -4,6 +4,7 @@
 #include "SavedLinks.h"
 #include "sources/PlaylistEntryJson.h"
 #include "support/FullDisk.h"
+#include "support/ReadOnlyFolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -94,6 +95,8 @@ private Q_SLOTS:
 
     void keepsWhatCannotBeStored_data();
     void keepsWhatCannotBeStored();
+    void keepsWhatAReadOnlyFolderDoesNotTake_data();
+    void keepsWhatAReadOnlyFolderDoesNotTake();
     void tellsOfAFullDisk_data();
     void tellsOfAFullDisk();
 
@@ -588,6 +591,39 @@ void LocalM3UStoreTest::keepsWhatCannotBeStored()
     QCOMPARE(library.names(), QStringList(QStringLiteral("b")));
     QCOMPARE(library.model.toastMessage(), store.errorMessage());
     QVERIFY(store.contains(savedLink(QStringLiteral("b"))));
+}
+
+void LocalM3UStoreTest::keepsWhatAReadOnlyFolderDoesNotTake_data()
+{
+    QTest::addColumn<bool>("hasStoredLinks");
+    QTest::newRow("first link") << false;
+    QTest::newRow("further link") << true;
+}
+
+void LocalM3UStoreTest::keepsWhatAReadOnlyFolderDoesNotTake()
+{
+    QFETCH(bool, hasStoredLinks);
+    if (hasStoredLinks) {
+        Library(m_file).store.add(savedLinkFields(QStringLiteral("old")));
+        QVERIFY(QFile::setPermissions(
+            m_file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
+    }
+    const QByteArray before = contentOf(m_file);
+    Library library(m_file);
+    {
+        const ReadOnlyFolder folder(m_folder->path());
+        library.store.add(savedLinkFields(QStringLiteral("new")));
+        QCOMPARE(library.store.errorMessage(),
+            QStringLiteral("Could not save Local M3U: ") + qt_error_string(EACCES));
+        QCOMPARE(library.model.toastMessage(), library.store.errorMessage());
+        QCOMPARE(library.names().constFirst(), QStringLiteral("new"));
+        QCOMPARE(contentOf(m_file), before);
+    }
+    // Once it may be written again, the next change takes along what was kept.
+    library.store.add(savedLinkFields(QStringLiteral("newer")));
+    QCOMPARE(library.store.errorMessage(), QString());
+    QCOMPARE(library.store.entries().size(), hasStoredLinks ? 3 : 2);
+    QCOMPARE(storedEntries(m_file), library.store.entries());
 }
 
 void LocalM3UStoreTest::tellsOfAFullDisk_data()

@@ -4,6 +4,7 @@
 #include "SavedLinks.h"
 #include "sources/PlaylistParser.h"
 #include "support/FullDisk.h"
+#include "support/ReadOnlyFolder.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -331,6 +332,33 @@ private Q_SLOTS:
         QCOMPARE(m_library->store.entries(), links);
         QCOMPARE(m_library->model.toastMessage(), QString());
         QCOMPARE(m_library->store.errorMessage(), QString());
+    }
+
+    void aFolderWithoutPermissionKeepsTheOldFile_data()
+    {
+        QTest::addColumn<bool>("isThere");
+        QTest::newRow("old file") << true;
+        QTest::newRow("no file") << false;
+    }
+
+    void aFolderWithoutPermissionKeepsTheOldFile()
+    {
+        QFETCH(bool, isThere);
+        QVERIFY(!isThere || writeFile(m_target, "old"));
+        const auto links = savedLinks(QStringLiteral("x"), 3);
+        m_library->store.replaceEntries(links);
+        {
+            const ReadOnlyFolder folder(m_folder->path());
+            m_library->store.exportLocalPlaylistAsM3U();
+        }
+        QCOMPARE(m_library->panels.warnings.size(), 1);
+        const WarningAlert warning = m_library->panels.warnings.constFirst();
+        QCOMPARE(warning.message, QStringLiteral("Could Not Export M3U Playlist"));
+        QCOMPARE(warning.informativeText, qt_error_string(EACCES));
+        QCOMPARE(QFile::exists(m_target), isThere);
+        QCOMPARE(contentOf(m_target), isThere ? QByteArray("old") : QByteArray());
+        QCOMPARE(m_library->store.entries(), links);
+        QCOMPARE(m_library->model.toastMessage(), QString());
     }
 
     // With the rights of root it could be replaced, as a device could.
