@@ -121,6 +121,12 @@ void LocalM3UStore::replaceEntries(const QList<PlaylistEntry> &entries)
     });
 }
 
+void LocalM3UStore::importLocalPlaylist(const QString &displayName)
+{
+    if (const auto entries = m_model.importLocalM3U(displayName))
+        replaceEntries(*entries);
+}
+
 void LocalM3UStore::persist()
 {
     tellOutcome(store(m_defaults.lock()));

@@ -65,6 +65,10 @@ public:
     Q_INVOKABLE void clear();
     /// Puts a list that was opened in place of this one. An empty one changes nothing.
     void replaceEntries(const QList<PlaylistEntry> &entries);
+    /// Lets the user choose a list, which the model opens under `displayName`, and puts it in place
+    /// of this one. Changes nothing when the user cancels or the list cannot be read, of which the
+    /// model tells.
+    Q_INVOKABLE void importLocalPlaylist(const QString &displayName);
 
     /// Stores the list as it is here, whatever is stored. Every change does so by itself.
     void persist();

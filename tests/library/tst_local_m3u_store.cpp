@@ -89,6 +89,10 @@ private Q_SLOTS:
     void clears();
     void replacesTheWholeList();
     void aNewListOfNothingChangesNothing();
+    void importsAFileInPlaceOfTheList();
+    void importsNothingWhenTheUserCancels();
+    void importsNothingThatCannotBeRead_data();
+    void importsNothingThatCannotBeRead();
     void containsAddressesLetterByLetter();
     void containsWhatTheListHolds();
     void mayBeChangedByItsObservers();
@@ -499,6 +503,57 @@ void LocalM3UStoreTest::aNewListOfNothingChangesNothing()
     library.store.replaceEntries(links);
     library.store.replaceEntries({});
     QCOMPARE(library.store.entries(), links);
+}
+
+void LocalM3UStoreTest::importsAFileInPlaceOfTheList()
+{
+    Library library(m_file);
+    library.store.replaceEntries(savedLinks(QStringLiteral("old"), 10));
+    const QString list = m_folder->filePath(QStringLiteral("list.m3u"));
+    QVERIFY(writeFile(list, "#EXTM3U\n#EXTINF:-1,A\nhttp://h/a\n#EXTINF:-1,B\nb\nhttp://h/c\n"));
+    library.panels.answer = QUrl::fromLocalFile(list);
+    library.store.importLocalPlaylist(QStringLiteral(" Mine "));
+    QCOMPARE(library.names(),
+        QStringList({ QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("c") }));
+    QCOMPARE(library.store.entries(), library.model.playlist());
+    QCOMPARE(storedEntries(m_file), library.store.entries());
+    QVERIFY(library.store.contains(address(QStringLiteral("http://h/c"))));
+    QCOMPARE(library.model.title(), QStringLiteral("Mine"));
+    QCOMPARE(library.model.toastMessage(), QString());
+}
+
+void LocalM3UStoreTest::importsNothingWhenTheUserCancels()
+{
+    Library library(m_file);
+    const auto links = savedLinks(QStringLiteral("old"), 10);
+    library.store.replaceEntries(links);
+    library.store.importLocalPlaylist(QString());
+    QCOMPARE(library.panels.shown.size(), 1);
+    QCOMPARE(library.store.entries(), links);
+    QCOMPARE(library.model.errorMessage(), QString());
+}
+
+void LocalM3UStoreTest::importsNothingThatCannotBeRead_data()
+{
+    QTest::addColumn<std::optional<QByteArray>>("content");
+    QTest::newRow("empty") << std::optional(QByteArray());
+    QTest::newRow("no address") << std::optional(QByteArray("#EXTM3U\n#EXTINF:-1,A\n"));
+    QTest::newRow("missing") << std::optional<QByteArray>();
+}
+
+void LocalM3UStoreTest::importsNothingThatCannotBeRead()
+{
+    QFETCH(std::optional<QByteArray>, content);
+    Library library(m_file);
+    const auto links = savedLinks(QStringLiteral("old"), 10);
+    library.store.replaceEntries(links);
+    const QString list = m_folder->filePath(QStringLiteral("list.m3u"));
+    QVERIFY(!content || writeFile(list, *content));
+    library.panels.answer = QUrl::fromLocalFile(list);
+    library.store.importLocalPlaylist(QString());
+    QVERIFY(!library.model.errorMessage().isEmpty());
+    QCOMPARE(library.store.entries(), links);
+    QCOMPARE(storedEntries(m_file), links);
 }
 
 void LocalM3UStoreTest::containsAddressesLetterByLetter()
