@@ -85,11 +85,11 @@ LocalM3UItemEditView::Values LocalM3UItemEditView::values() const
     if (m_entry)
         fields.id = m_entry->id();
 
-    fields.name = m_name.trimmed();
+    fields.name = trimmedText(m_name);
     if (fields.name.isEmpty())
         return tr("Enter a channel or video name.");
 
-    const auto url = AddressText::fromText(m_address.trimmed());
+    const auto url = AddressText::fromText(trimmedText(m_address));
     if (!url || !isHttp(*url))
         return tr("Enter a valid HTTP or HTTPS M3U8 URL.");
     fields.url = *url;

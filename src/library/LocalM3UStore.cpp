@@ -11,21 +11,10 @@ namespace zeph {
 
 namespace {
 
-// The last segment of the address without its extension.
-QString nameFromAddress(const PlaylistEntry &entry)
-{
-    const QStringList segments = pathSegments(entry.url());
-    if (segments.isEmpty())
-        return {};
-    const QString &name = segments.constLast();
-    const qsizetype dot = name.lastIndexOf(u'.');
-    return dot > 0 && dot + 1 < name.size() ? name.first(dot) : name;
-}
-
 QString nameToSave(const PlaylistEntry &entry)
 {
-    const QString name = entry.name().trimmed();
-    return name.isEmpty() ? nameFromAddress(entry) : name;
+    const auto name = trimmedOrNothing(entry.name());
+    return name ? *name : lastPathComponentWithoutExtension(entry.url());
 }
 
 } // namespace

@@ -79,8 +79,9 @@ private Q_SLOTS:
     void savesCleanedValues()
     {
         Form form;
-        form.type("name", QStringLiteral("\t A TV\u2003\n"));
-        form.type("address", QStringLiteral(" http://h/a.m3u8\n"));
+        // With the byte-order mark that comes along with text out of a file.
+        form.type("name", QStringLiteral("\ufeff\t A TV\u2003\n"));
+        form.type("address", QStringLiteral("\ufeff http://h/a.m3u8\n"));
         form.type("logoAddress", QStringLiteral(" http://x/l.png "));
         form.type("countryCode", QStringLiteral(" tr "));
         form.type("category", QStringLiteral(" Local News "));
