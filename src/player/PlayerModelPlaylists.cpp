@@ -86,7 +86,7 @@ void PlayerModel::failLoading(const QString &errorText, QUuid requestID)
 std::optional<QList<PlaylistEntry>> PlayerModel::importLocalM3U(const QString &displayName)
 {
     const auto url = m_panels.chooseFile({ tr("Import M3U Playlist"), tr("Playlists"),
-        { QStringLiteral("m3u"), QStringLiteral("txt") }, tr("Import") });
+        { QStringLiteral("m3u"), QStringLiteral("m3u8"), QStringLiteral("txt") }, tr("Import") });
     if (!url)
         return std::nullopt;
     m_remoteRequestID = QUuid::createUuid();

@@ -36,7 +36,8 @@ private Q_SLOTS:
         QCOMPARE(m_panels.shown[0].title, QStringLiteral("Import M3U Playlist"));
         QCOMPARE(m_panels.shown[0].prompt, QStringLiteral("Import"));
         QCOMPARE(m_panels.shown[0].extensions,
-            QStringList({ QStringLiteral("m3u"), QStringLiteral("txt") }));
+            QStringList(
+                { QStringLiteral("m3u"), QStringLiteral("m3u8"), QStringLiteral("txt") }));
         QVERIFY(log.changes.isEmpty());
     }
 
