@@ -108,11 +108,11 @@ qsizetype ordinaryHostSize(QByteArrayView text)
     qsizetype size = 0;
     for (; size < text.size(); ++size) {
         const char character = text[size];
-        if (character == '.' || character == '-') {
+        if (!(byteTraits[static_cast<unsigned char>(character)] & InHost)) {
+            if (character != '.' && character != '-')
+                break;
             if (previous == '.' || previous == '-')
                 return 0;
-        } else if (!(byteTraits[static_cast<unsigned char>(character)] & InHost)) {
-            break;
         }
         previous = character;
     }

@@ -8,6 +8,11 @@ namespace zeph {
 
 namespace {
 
+bool isAscii(unsigned char byte)
+{
+    return byte < 0x80;
+}
+
 bool isAsciiSpace(unsigned char byte)
 {
     return byte == ' ' || (byte >= '\t' && byte <= '\r');
@@ -40,8 +45,10 @@ bool isThreeByteSpace(unsigned char first, unsigned char second, unsigned char t
 template <bool atEnd> qsizetype spaceSize(const unsigned char *bytes, qsizetype size)
 {
     const auto at = [&](qsizetype length) { return atEnd ? bytes + size - length : bytes; };
-    if (size >= 1 && isAsciiSpace(*at(1)))
-        return 1;
+    if (size == 0)
+        return 0;
+    if (isAscii(*at(1)))
+        return isAsciiSpace(*at(1)) ? 1 : 0;
     if (size >= 2 && isTwoByteSpace(at(2)[0], at(2)[1]))
         return 2;
     if (size >= 3 && isThreeByteSpace(at(3)[0], at(3)[1], at(3)[2]))
