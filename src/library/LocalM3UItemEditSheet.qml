@@ -12,8 +12,19 @@ Popup {
     component Field: TextField {
         Layout.fillWidth: true
         selectByMouse: true
-        // A long address is told by its beginning.
-        onTextChanged: if (!activeFocus) cursorPosition = 0
+        // The keys lead to a text to replace it, the mouse to a place within it.
+        onActiveFocusChanged: {
+            if (!activeFocus)
+                showBeginning();
+            else if (focusReason === Qt.TabFocusReason || focusReason === Qt.BacktabFocusReason)
+                selectAll();
+        }
+        onTextChanged: if (!activeFocus) showBeginning()
+
+        // Which tells most of a long address.
+        function showBeginning() {
+            cursorPosition = 0;
+        }
 
         Accessible.name: placeholderText
         ToolTip.text: placeholderText
@@ -50,7 +61,7 @@ Popup {
     focus: true
     closePolicy: Popup.NoAutoClose
 
-    onOpened: nameField.forceActiveFocus(Qt.PopupFocusReason)
+    onOpened: nameField.forceActiveFocus(Qt.TabFocusReason)
 
     background: Rectangle {
         radius: 8

@@ -236,6 +236,42 @@ private Q_SLOTS:
         QVERIFY(sheet.saved.isEmpty());
     }
 
+    void keysLeadToATextToReplaceIt()
+    {
+        SheetWindow sheet(fullEntry());
+        QVERIFY(sheet.isUp());
+        sheet.type(QStringLiteral("B"));
+        QCOMPARE(sheet.form.property("name"), QStringLiteral("B"));
+        sheet.press(Qt::Key_Tab);
+        sheet.type(QStringLiteral("x"));
+        QCOMPARE(sheet.form.property("address"), QStringLiteral("x"));
+        sheet.press(Qt::Key_Backtab, Qt::ShiftModifier);
+        sheet.type(QStringLiteral("C"));
+        QCOMPARE(sheet.form.property("name"), QStringLiteral("C"));
+        // The mouse leads to a place within it.
+        sheet.click(logoField);
+        QCOMPARE(sheet.focused(), logoField);
+        sheet.type(QStringLiteral("x"));
+        QCOMPARE(sheet.form.property("logoAddress").toString().size(),
+            QStringLiteral("http://x/l.png").size() + 1);
+    }
+
+    void tellsTextsByTheirBeginning()
+    {
+        Fields fields = savedLinkFields(QStringLiteral("a"));
+        fields.url = address(QStringLiteral("http://h/") + QString(500, u'x'));
+        SheetWindow sheet { PlaylistEntry(fields) };
+        QVERIFY(sheet.isUp());
+        const auto cursor = [&] {
+            return sheet.find(addressField)->property("cursorPosition").toInt();
+        };
+        QCOMPARE(cursor(), 0);
+        sheet.press(Qt::Key_Tab);
+        QCOMPARE(cursor(), fields.url.text().size());
+        sheet.press(Qt::Key_Tab);
+        QCOMPARE(cursor(), 0);
+    }
+
     void worksWithTheMouse()
     {
         SheetWindow sheet(fullEntry());
@@ -358,13 +394,33 @@ private Q_SLOTS:
             QCOMPARE(QAccessible::queryAccessibleInterface(item)->role(),
                 isField ? QAccessible::EditableText : QAccessible::Button);
         }
-        // The pointer comes to rest on one.
-        QQuickItem *const button = sheet.find(saveButton);
+    }
+
+    void everyControlHasAToolTip_data()
+    {
+        QTest::addColumn<QString>("toolTip");
+        for (const QString &field : { addressField, logoField, countryField, categoryField })
+            QTest::newRow(qPrintable(field)) << field;
+        QTest::newRow(qPrintable(chooseLogo))
+            << QStringLiteral("Choose a picture on this computer as the logo");
+        QTest::newRow(qPrintable(removeLogo)) << QStringLiteral("Save the link without a logo");
+        QTest::newRow(qPrintable(cancelButton)) << QStringLiteral("Close without saving");
+        QTest::newRow(qPrintable(saveButton)) << QStringLiteral("Save the link");
+    }
+
+    void everyControlHasAToolTip()
+    {
+        QFETCH(QString, toolTip);
+        SheetWindow sheet(fullEntry());
+        QVERIFY(sheet.isUp());
+        QQuickItem *const control = sheet.find(QString::fromUtf8(QTest::currentDataTag()));
+        QVERIFY(control);
+        // The pointer comes to rest on it.
         for (const double part : { 0.4, 0.5 })
             QTest::mouseMove(&sheet.window(),
-                button->mapToScene(QPointF(button->width() * part, button->height() * part))
+                control->mapToScene(QPointF(control->width() * part, control->height() * part))
                     .toPoint());
-        QTRY_VERIFY(sheet.shows(QStringLiteral("Save the link")));
+        QTRY_VERIFY(sheet.shows(toolTip));
     }
 };
 
