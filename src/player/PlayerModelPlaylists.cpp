@@ -1,6 +1,7 @@
 // Lists of channels, from the network and from files.
 #include "player/PlayerModel.h"
 
+#include "platform/AtomicFile.h"
 #include "platform/Download.h"
 #include "platform/FilePanels.h"
 #include "sources/UrlPath.h"
@@ -18,6 +19,9 @@ struct FileBytes {
 
 FileBytes readFile(const QString &path)
 {
+    // Opening a pipe that nobody writes to would never return.
+    if (!isFileOrNothing(path))
+        return { {}, PlayerModel::tr("It is not a file.") };
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return { {}, file.errorString() };

@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace zeph;
 
 namespace {
@@ -107,8 +109,9 @@ private Q_SLOTS:
         QTest::newRow("no entries") << file(QStringLiteral("none.m3u"), "#EXTM3U\n") << empty;
         QTest::newRow("missing") << file(QStringLiteral("missing.m3u"))
                                  << failed + QStringLiteral("No such file or directory");
-        QTest::newRow("folder") << QUrl::fromLocalFile(m_folder.path())
-                                << failed;
+        const QString noFile = failed + QStringLiteral("It is not a file.");
+        QTest::newRow("folder") << QUrl::fromLocalFile(m_folder.path()) << noFile;
+        QTest::newRow("pipe") << pipe() << noFile;
         QTest::newRow("not local") << QUrl(QStringLiteral("http://h/a.m3u"))
                                    << failed;
         QTest::newRow("too large")
@@ -171,6 +174,14 @@ private:
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("%s", qPrintable(file.errorString()));
         return QUrl::fromLocalFile(file.fileName());
+    }
+
+    QUrl pipe() const
+    {
+        const QUrl url = file(QStringLiteral("pipe.m3u"));
+        if (::mkfifo(QFile::encodeName(url.toLocalFile()).constData(), 0600) != 0)
+            qFatal("There is no pipe");
+        return url;
     }
 
     // Takes no room on the disk.
