@@ -82,7 +82,8 @@ void LocalM3UStore::update(const PlaylistEntry::Fields &fields)
     });
 }
 
-void LocalM3UStore::remove(const PlaylistEntry &entry)
+// By value: the list may hold the last of it, and its name is still to be told.
+void LocalM3UStore::remove(PlaylistEntry entry)
 {
     change([&](QList<PlaylistEntry> &entries) {
         return entries.removeIf([id = entry.id()](const PlaylistEntry &other) {

@@ -61,7 +61,7 @@ public:
     /// Replaces the first entry with the id of `fields`. Changes nothing when there is none.
     void update(const PlaylistEntry::Fields &fields);
     /// Removes every entry with the id of `entry`, and shows a toast.
-    void remove(const PlaylistEntry &entry);
+    void remove(PlaylistEntry entry);
     Q_INVOKABLE void clear();
     /// Puts a list that was opened in place of this one. An empty one changes nothing.
     void replaceEntries(const QList<PlaylistEntry> &entries);
