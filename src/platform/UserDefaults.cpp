@@ -40,11 +40,16 @@ QSettings::Format format()
     return format;
 }
 
-// Saved addresses contain passwords. QSettings would let everybody read a file that it makes.
-void createForUserOnly(const QString &path)
+// Saved addresses contain passwords. QSettings would let everybody read a file that it makes, and
+// newer versions do not tell when they cannot make it. Returns nothing, or why it failed.
+std::optional<QString> createForUserOnly(const QString &path)
 {
-    QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly,
-        QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly,
+            QFileDevice::ReadOwner | QFileDevice::WriteOwner)
+        || file.exists())
+        return std::nullopt;
+    return file.errorString();
 }
 
 // Why a file cannot be replaced, when it is not for want of room.
@@ -94,7 +99,8 @@ std::optional<QString> UserDefaults::setText(
     // others for half a minute.
     if (lock.isHeld())
         QFile::remove(m_file + QStringLiteral(".lock"));
-    createForUserOnly(m_file);
+    if (auto error = createForUserOnly(m_file))
+        return error;
     lastWriteError.reset();
     QSettings settings(m_file, format());
     settings.setValue(key, utf8);

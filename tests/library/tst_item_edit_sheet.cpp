@@ -1,6 +1,7 @@
 // The sheet for a saved link, in a real window and with real keys.
 #include "library/LocalM3UItemEditView.h"
 #include "SavedLinks.h"
+#include "support/Patience.h"
 #include "support/StandInPanels.h"
 
 #include <QAccessible>
@@ -11,7 +12,6 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSignalSpy>
-#include <QTest>
 
 Q_IMPORT_QML_PLUGIN(ZephPlayer_PlayerPlugin)
 Q_IMPORT_QML_PLUGIN(ZephPlayer_SurfacePlugin)

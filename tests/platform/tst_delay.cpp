@@ -1,7 +1,7 @@
 #include "platform/Delay.h"
+#include "support/Patience.h"
 
 #include <QElapsedTimer>
-#include <QTest>
 
 #include <memory>
 

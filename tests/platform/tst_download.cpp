@@ -1,5 +1,6 @@
 // Downloads from a real server, over HTTP and HTTPS.
 #include "platform/Download.h"
+#include "support/Patience.h"
 #include "support/TestAuthority.h"
 #include "support/TestServer.h"
 
@@ -7,14 +8,11 @@
 #include <QFile>
 #include <QScopeGuard>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace std::chrono_literals;
 using namespace zeph;
 
 namespace {
-
-constexpr int patience = 20000; // milliseconds
 
 struct Outcome {
     bool succeeded = false;
@@ -141,7 +139,7 @@ private Q_SLOTS:
         Download download(m_server->url(path));
         QSignalSpy progress(&download, &Download::receivedBytesChanged);
         QCOMPARE(download.receivedBytes(), 0);
-        QTRY_COMPARE_WITH_TIMEOUT(download.receivedBytes(), list.size(), patience);
+        QTRY_COMPARE(download.receivedBytes(), list.size());
         QVERIFY(!progress.isEmpty());
     }
 
@@ -415,13 +413,13 @@ private Q_SLOTS:
         }
         {
             Download late(m_server->url(path));
-            QTRY_VERIFY_WITH_TIMEOUT(late.receivedBytes() > 0, patience);
+            QTRY_VERIFY(late.receivedBytes() > 0);
         }
         m_server->hang(path);
         {
             const int before = m_server->requestCount(path);
             Download hanging(m_server->url(path));
-            QTRY_COMPARE_WITH_TIMEOUT(m_server->requestCount(path), before + 1, patience);
+            QTRY_COMPARE(m_server->requestCount(path), before + 1);
         }
         QCoreApplication::processEvents();
     }

@@ -1,5 +1,6 @@
 #include "support/EngineTest.h"
 #include "support/LiveStream.h"
+#include "support/Patience.h"
 #include "support/TestServer.h"
 
 #include <QFile>
@@ -24,7 +25,7 @@ struct Station {
     {
         return QTest::qWaitFor(
             [this] { return QFile::exists(folder.path() + QStringLiteral("/live2.ts")); },
-            static_cast<int>(patience.count()));
+            patience);
     }
 
     QUrl url() const { return server.url(list); }
@@ -62,7 +63,7 @@ void TestHls::playsOnDemand()
     QVERIFY(playsPast(player, 0));
     player.seek(3);
     QVERIFY(playsPast(player, 3));
-    ZEPH_WAIT_UNTIL(player.rate() == 0);
+    QTRY_VERIFY(player.rate() == 0);
     QCOMPARE(player.currentTime(), item->duration());
     player.play();
     QVERIFY(playsPast(player, 0));
@@ -91,8 +92,8 @@ void TestHls::playsLive()
     QSignalSpy durationChanged(item, &MediaItem::durationChanged);
     QCOMPARE(settledStatus(item), MediaItem::Status::ReadyToPlay);
     QVERIFY(item->isLive());
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
-    ZEPH_WAIT_UNTIL(item->presentationSize() == QSizeF(320, 180));
+    QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
+    QTRY_VERIFY(item->presentationSize() == QSizeF(320, 180));
     const double start = player.currentTime();
     QVERIFY(playsPast(player, start + 2));
     QCOMPARE(item->duration(), 0);
@@ -107,18 +108,18 @@ void TestHls::waitsForAStalledStation()
     player.play();
     const MediaItem *item = open(player, station.url());
     QVERIFY(playsPast(player, 0));
-    ZEPH_WAIT_UNTIL(item->isPlaybackLikelyToKeepUp());
+    QTRY_VERIFY(item->isPlaybackLikelyToKeepUp());
     QVERIFY(!item->isPlaybackBufferEmpty());
 
     station.stream.stall();
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::WaitingToPlayAtSpecifiedRate);
-    ZEPH_WAIT_UNTIL(item->isPlaybackBufferEmpty());
+    QTRY_VERIFY(player.timeControlStatus() == Status::WaitingToPlayAtSpecifiedRate);
+    QTRY_VERIFY(item->isPlaybackBufferEmpty());
     QVERIFY(!item->isPlaybackLikelyToKeepUp());
     QCOMPARE(player.rate(), 1);
 
     station.stream.goOn();
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
-    ZEPH_WAIT_UNTIL(!item->isPlaybackBufferEmpty());
+    QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
+    QTRY_VERIFY(!item->isPlaybackBufferEmpty());
     QCOMPARE(player.rate(), 1);
     QCOMPARE(item->status(), MediaItem::Status::ReadyToPlay);
 }
@@ -135,16 +136,16 @@ void TestHls::returnsToAServerThatWasAway()
     QVERIFY(playsPast(player, 0));
 
     station.server.stop();
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::WaitingToPlayAtSpecifiedRate);
-    ZEPH_WAIT_UNTIL(item->isPlaybackBufferEmpty());
+    QTRY_VERIFY(player.timeControlStatus() == Status::WaitingToPlayAtSpecifiedRate);
+    QTRY_VERIFY(item->isPlaybackBufferEmpty());
     QVERIFY(!item->isPlaybackLikelyToKeepUp());
     // Long enough for a first attempt that is in vain.
     QTest::qWait(2000);
     QCOMPARE(player.timeControlStatus(), Status::WaitingToPlayAtSpecifiedRate);
 
     station.server.start();
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
-    ZEPH_WAIT_UNTIL(!item->isPlaybackBufferEmpty());
+    QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
+    QTRY_VERIFY(!item->isPlaybackBufferEmpty());
     QVERIFY(playsPast(player, player.currentTime() + 0.3));
     QCOMPARE(player.currentItem(), item);
     QVERIFY(item->isLive());
@@ -166,7 +167,7 @@ void TestHls::pauseEndsReloading()
     // Only the list goes away, so that attempts can be counted.
     QVERIFY(station.server.requestCount(list) > 0);
     station.server.serve(list, "gone");
-    ZEPH_WAIT_UNTIL(item->isPlaybackBufferEmpty());
+    QTRY_VERIFY(item->isPlaybackBufferEmpty());
     QTest::qWait(1500);
     player.pause();
     QCOMPARE(player.timeControlStatus(), Status::Paused);
@@ -180,7 +181,7 @@ void TestHls::pauseEndsReloading()
     station.server.serveFile(list);
     player.play();
     QVERIFY(QTest::qWaitFor([&] { return station.server.requestCount(list) > attempts; }, 900));
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
+    QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
 }
 
 void TestHls::removalEndsReloading()
@@ -192,7 +193,7 @@ void TestHls::removalEndsReloading()
     const MediaItem *item = open(player, station.url());
     QVERIFY(playsPast(player, 0));
     station.server.serve(list, "gone");
-    ZEPH_WAIT_UNTIL(item->isPlaybackBufferEmpty());
+    QTRY_VERIFY(item->isPlaybackBufferEmpty());
     player.replaceCurrentItem({});
     QTest::qWait(300);
     const int attempts = station.server.requestCount(list);
@@ -211,7 +212,7 @@ void TestHls::showsTheEndOfAStation()
     const MediaItem *item = open(player, station.url());
     QVERIFY(playsPast(player, 0));
     station.stream.end();
-    ZEPH_WAIT_UNTIL(player.rate() == 0);
+    QTRY_VERIFY(player.rate() == 0);
     QCOMPARE(player.currentItem(), item);
     QCOMPARE(item->status(), MediaItem::Status::ReadyToPlay);
     QVERIFY(!item->isLive());

@@ -1,7 +1,7 @@
 #include "platform/LiveReload.h"
+#include "support/Patience.h"
 
 #include <QElapsedTimer>
-#include <QTest>
 
 using zeph::LiveReload;
 using namespace std::chrono_literals;

@@ -50,13 +50,13 @@ void TestMediaFormats::playsToTheEndAndAgain()
     QVERIFY(!item->isLive());
     QVERIFY2(std::abs(item->duration() - 2) <= 0.15, qPrintable(QString::number(item->duration())));
 
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
-    ZEPH_WAIT_UNTIL(item->isPlaybackLikelyToKeepUp());
+    QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
+    QTRY_VERIFY(item->isPlaybackLikelyToKeepUp());
     QVERIFY(!item->isPlaybackBufferEmpty());
     if (!size.isEmpty())
-        ZEPH_WAIT_UNTIL(item->presentationSize() == size);
+        QTRY_VERIFY(item->presentationSize() == size);
 
-    ZEPH_WAIT_UNTIL(player.rate() == 0);
+    QTRY_VERIFY(player.rate() == 0);
     QCOMPARE(player.timeControlStatus(), Status::Paused);
     QCOMPARE(player.currentItem(), item);
     QCOMPARE(player.currentTime(), item->duration());
@@ -67,7 +67,7 @@ void TestMediaFormats::playsToTheEndAndAgain()
 
     player.play();
     QCOMPARE(player.rate(), 1);
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
+    QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
     QVERIFY(player.currentTime() < 1);
     QVERIFY(playsPast(player, 0.2));
     QVERIFY(player.currentTime() < 1.5);
@@ -77,7 +77,7 @@ void TestMediaFormats::appliesPixelAspect()
 {
     MediaPlayer player;
     const MediaItem *item = open(player, clipUrl(QStringLiteral("wide-pixels.mp4")));
-    ZEPH_WAIT_UNTIL(item->presentationSize() == QSizeF(640, 180));
+    QTRY_VERIFY(item->presentationSize() == QSizeF(640, 180));
 }
 
 void TestMediaFormats::playsWhatIsThereOfATruncatedFile_data()
@@ -94,8 +94,8 @@ void TestMediaFormats::playsWhatIsThereOfATruncatedFile()
     player.play();
     const MediaItem *item = open(player, clipUrl(name));
     QCOMPARE(settledStatus(item), MediaItem::Status::ReadyToPlay);
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
-    ZEPH_WAIT_UNTIL(player.rate() == 0);
+    QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
+    QTRY_VERIFY(player.rate() == 0);
     QCOMPARE(player.currentTime(), item->duration());
     QCOMPARE(item->status(), MediaItem::Status::ReadyToPlay);
 }

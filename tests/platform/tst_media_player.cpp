@@ -124,11 +124,11 @@ void TestMediaPlayer::replaysFromItsEnd()
     for (int round = 0; round < 3; ++round) {
         QVERIFY(playsPast(player, 0));
         player.seek(1.9);
-        ZEPH_WAIT_UNTIL(player.rate() == 0);
+        QTRY_VERIFY(player.rate() == 0);
         QCOMPARE(player.currentTime(), item->duration());
         player.play();
         QCOMPARE(player.rate(), 1);
-        ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
+        QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
         QVERIFY(player.currentTime() < 1);
     }
 }
@@ -140,13 +140,13 @@ void TestMediaPlayer::waitsAtTheEndForAJumpBack()
     player.play();
     QVERIFY(playsPast(player, 0));
     player.seek(1.9);
-    ZEPH_WAIT_UNTIL(player.rate() == 0);
+    QTRY_VERIFY(player.rate() == 0);
     player.seek(0.5);
     QTest::qWait(silence);
     QCOMPARE(player.rate(), 0);
     QVERIFY(std::abs(player.currentTime() - 0.5) < 0.05);
     player.play();
-    ZEPH_WAIT_UNTIL(player.timeControlStatus() == Status::Playing);
+    QTRY_VERIFY(player.timeControlStatus() == Status::Playing);
     QVERIFY(playsPast(player, 0.7));
 }
 

@@ -1,5 +1,6 @@
 // What a player opens and lets go of.
 #include "support/EngineTest.h"
+#include "support/Patience.h"
 
 #include <QDir>
 #include <QPointer>
@@ -87,7 +88,7 @@ void TestMediaPlayerItems::reportsEachStatusOnce()
 
     player.play();
     QVERIFY(playsPast(player, 0.6));
-    ZEPH_WAIT_UNTIL(player.rate() == 0);
+    QTRY_VERIFY(player.rate() == 0);
     QCOMPARE(statuses.last(), Status::Paused);
 }
 
@@ -176,7 +177,7 @@ void TestMediaPlayerItems::handlerMayReplaceTheItem()
                 open(player, longClip());
         });
         player.replaceCurrentItem(std::move(item));
-        ZEPH_WAIT_UNTIL(handled);
+        QTRY_VERIFY(handled);
         // Nothing of the old item comes to the new one, or to none.
         QTest::qWait(100);
         player.play();
@@ -200,7 +201,7 @@ void TestMediaPlayerItems::endHandlerMayPlayAgain()
     });
     player.play();
     open(player, shortClip());
-    ZEPH_WAIT_UNTIL(ends == 3);
+    QTRY_VERIFY(ends == 3);
     QCOMPARE(player.rate(), 0);
     QCOMPARE(player.currentTime(), player.currentItem()->duration());
 }
@@ -299,8 +300,8 @@ void TestMediaPlayerItems::survivesQuickReplacement()
     QVERIFY(playsPast(player, 0));
 
     player.replaceCurrentItem({});
-    ZEPH_WAIT_UNTIL(openFiles() <= filesBefore);
-    ZEPH_WAIT_UNTIL(threads() <= threadsBefore);
+    QTRY_VERIFY(openFiles() <= filesBefore);
+    QTRY_VERIFY(threads() <= threadsBefore);
 }
 
 void TestMediaPlayerItems::canBeDestroyedAnytime_data()
@@ -366,7 +367,7 @@ void TestMediaPlayerItems::playersAreIndependent()
     second.play();
     QVERIFY(playsPast(second, 0));
     first.pause();
-    ZEPH_WAIT_UNTIL(second.rate() == 0);
+    QTRY_VERIFY(second.rate() == 0);
     QCOMPARE(second.currentTime(), second.currentItem()->duration());
 }
 

@@ -63,8 +63,8 @@ void TestMediaPlayerTime::observesTimeWhilePlaying()
     QVERIFY(playsPast(player, 0));
     QList<double> times;
     player.addPeriodicTimeObserver([&times](double seconds) { times.append(seconds); });
-    ZEPH_WAIT_UNTIL(player.rate() == 0);
-    ZEPH_WAIT_UNTIL(!times.isEmpty() && times.last() == player.currentTime());
+    QTRY_VERIFY(player.rate() == 0);
+    QTRY_VERIFY(!times.isEmpty() && times.last() == player.currentTime());
 
     // One every quarter of a second of the two, and few besides.
     QVERIFY2(times.count() >= 5 && times.count() <= 16, qPrintable(QString::number(times.count())));
@@ -82,10 +82,10 @@ void TestMediaPlayerTime::observesStartAndStop()
     QList<double> rates;
     player.addPeriodicTimeObserver([&](double) { rates.append(player.rate()); });
     player.play();
-    ZEPH_WAIT_UNTIL(rates.contains(1));
+    QTRY_VERIFY(rates.contains(1));
     rates.clear();
     player.pause();
-    ZEPH_WAIT_UNTIL(rates.contains(0));
+    QTRY_VERIFY(rates.contains(0));
 }
 
 void TestMediaPlayerTime::observesJumpsWhilePaused()
@@ -99,7 +99,7 @@ void TestMediaPlayerTime::observesJumpsWhilePaused()
     for (const double target : { 10.0, 5.0, 0.0 }) {
         times.clear();
         player.seek(target);
-        ZEPH_WAIT_UNTIL(!times.isEmpty() && std::abs(times.last() - target) < 0.05);
+        QTRY_VERIFY(!times.isEmpty() && std::abs(times.last() - target) < 0.05);
     }
 }
 
@@ -137,7 +137,7 @@ void TestMediaPlayerTime::isSilentWhileNothingMoves_data()
         open(player, shortClip());
         QVERIFY(playsPast(player, 0));
         player.seek(1.9);
-        ZEPH_WAIT_UNTIL(player.rate() == 0);
+        QTRY_VERIFY(player.rate() == 0);
     });
     QTest::newRow("failed") << Preparation([](MediaPlayer &player) {
         player.play();
@@ -170,13 +170,13 @@ void TestMediaPlayerTime::observersAreIndependent()
     QVERIFY(firstToken != secondToken);
     open(player, shortClip());
     player.play();
-    ZEPH_WAIT_UNTIL(first > 2 && second > 2);
+    QTRY_VERIFY(first > 2 && second > 2);
     player.removeTimeObserver(firstToken);
     player.removeTimeObserver(firstToken);
     player.removeTimeObserver(-1);
     first = 0;
     second = 0;
-    ZEPH_WAIT_UNTIL(second > 2);
+    QTRY_VERIFY(second > 2);
     QCOMPARE(first, 0);
 }
 
@@ -193,7 +193,7 @@ void TestMediaPlayerTime::observerMayRemoveItself()
     player.addPeriodicTimeObserver([&others](double) { ++others; });
     open(player, shortClip());
     player.play();
-    ZEPH_WAIT_UNTIL(others > 3);
+    QTRY_VERIFY(others > 3);
     QCOMPARE(calls, 1);
 }
 
@@ -206,7 +206,7 @@ void TestMediaPlayerTime::observerMayReplaceTheItem()
     });
     open(player, shortClip());
     player.play();
-    ZEPH_WAIT_UNTIL(player.currentItem()->url() == longClip());
+    QTRY_VERIFY(player.currentItem()->url() == longClip());
     QVERIFY(playsPast(player, 0));
 }
 
@@ -236,7 +236,7 @@ void TestMediaPlayerTime::jumpsOutOfRange()
     player.seek(1);
     QTest::qWait(100);
     player.seek(target);
-    ZEPH_WAIT_UNTIL(std::abs(player.currentTime() - expected) < 0.1);
+    QTRY_VERIFY(std::abs(player.currentTime() - expected) < 0.1);
     QTest::qWait(300);
     QVERIFY(std::abs(player.currentTime() - expected) < 0.1);
 
@@ -256,7 +256,7 @@ void TestMediaPlayerTime::jumpsOnceOpen()
         player.seek(10);
         player.seek(notANumber);
         QCOMPARE(settledStatus(item), MediaItem::Status::ReadyToPlay);
-        ZEPH_WAIT_UNTIL(std::abs(player.currentTime() - 10) < 0.05);
+        QTRY_VERIFY(std::abs(player.currentTime() - 10) < 0.05);
         player.play();
         QVERIFY(playsPast(player, 10));
         QVERIFY(player.currentTime() < 20);

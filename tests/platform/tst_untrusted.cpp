@@ -172,7 +172,7 @@ void TestUntrusted::liveListReadsNoLocalFile()
     MediaPlayer player;
     player.play();
     const MediaItem *item = open(player, m_server->url(path));
-    ZEPH_WAIT_UNTIL(m_server->requestCount(path) > 2);
+    QTRY_VERIFY(m_server->requestCount(path) > 2);
     QVERIFY(!watch.wasOpened());
     QCOMPARE(item->status(), MediaItem::Status::Unknown);
 }

@@ -1,10 +1,10 @@
 // What the model makes of the addresses of streams and pages, and of texts that are none.
 #include "ChangeLog.h"
 #include "player/PlayerModel.h"
+#include "support/Patience.h"
 #include "support/StandInPanels.h"
 #include "support/TestServer.h"
 
-#include <QTest>
 
 #include <clocale>
 
@@ -12,7 +12,6 @@ using namespace zeph;
 
 namespace {
 
-constexpr int patience = 20000; // milliseconds
 const QString invalidAddress = QStringLiteral("Enter a valid HTTP or HTTPS address.");
 
 QUrl clip(const QString &name)
@@ -159,7 +158,7 @@ private Q_SLOTS:
     {
         PlayerModel model(m_panels);
         model.play(clip(QStringLiteral("numbered-25.mp4")), QStringLiteral("Clip"), false);
-        QTRY_VERIFY_WITH_TIMEOUT(model.videoAspectRatio() > 0, patience);
+        QTRY_VERIFY(model.videoAspectRatio() > 0);
         QStringList before = published(model);
         ChangeLog log(model);
         model.openRemote(QStringLiteral("ftp://h/list.m3u"), QStringLiteral("A name"));
@@ -226,7 +225,7 @@ private Q_SLOTS:
         const TestServer server(qEnvironmentVariable("ZEPH_CLIPS"));
         PlayerModel model(m_panels);
         model.openRemote(server.url(QStringLiteral("/colours.mp4")).toString(), {});
-        QTRY_VERIFY_WITH_TIMEOUT(model.currentTime() > 0.2, patience);
+        QTRY_VERIFY(model.currentTime() > 0.2);
     }
 
     // ---- Web pages
@@ -235,7 +234,7 @@ private Q_SLOTS:
     {
         PlayerModel model(m_panels);
         model.play(clip(QStringLiteral("numbered-25.mp4")), std::nullopt, true);
-        QTRY_VERIFY_WITH_TIMEOUT(model.currentTime() > 0, patience);
+        QTRY_VERIFY(model.currentTime() > 0);
         const QUuid before = model.mediaLoadID();
         model.openRemote(
             QStringLiteral("https://youtu.be/dQw4w9WgXcQ"), QStringLiteral(" A song "));

@@ -1,5 +1,6 @@
 // When the buffering indicator shows, over a stream that really stalls.
 #include "player/PlayerModel.h"
+#include "support/Patience.h"
 #include "support/StandInPanels.h"
 #include "support/EngineTest.h"
 #include "support/TestServer.h"
@@ -62,14 +63,14 @@ private Q_SLOTS:
         QTRY_VERIFY(!model.isBuffering());
         watch.shownAfter.clear();
 
-        ZEPH_WAIT_UNTIL(model.isBuffering());
+        QTRY_VERIFY(model.isBuffering());
         QCOMPARE(watch.shownAfter.size(), 1);
         QVERIFY2(watch.shownAfter[0] >= delay - 10, "too early");
         QVERIFY(model.isPlaying());
 
         server.release();
-        ZEPH_WAIT_UNTIL(model.player()->timeControlStatus() == Status::Playing);
-        ZEPH_WAIT_UNTIL(!model.isBuffering());
+        QTRY_VERIFY(model.player()->timeControlStatus() == Status::Playing);
+        QTRY_VERIFY(!model.isBuffering());
     }
 
     void aFileThatStallsDoesNot()
@@ -81,7 +82,7 @@ private Q_SLOTS:
         QSignalSpy buffering(&model, &PlayerModel::isBufferingChanged);
         model.play(server.url(path), std::nullopt, false);
         QVERIFY(playsPast(*model.player(), 0));
-        ZEPH_WAIT_UNTIL(
+        QTRY_VERIFY(
             model.player()->timeControlStatus() == Status::WaitingToPlayAtSpecifiedRate);
         QVERIFY(!buffering.wait(3 * delay));
         QCOMPARE(model.player()->timeControlStatus(), Status::WaitingToPlayAtSpecifiedRate);

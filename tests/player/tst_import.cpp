@@ -1,12 +1,12 @@
 // Lists of channels from files.
 #include "ChangeLog.h"
 #include "player/PlayerModel.h"
+#include "support/Patience.h"
 #include "support/StandInPanels.h"
 #include "support/TestServer.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <sys/stat.h>
 

@@ -2,6 +2,7 @@
 #include "ExpectedKeys.h"
 #include "player/PlayerModel.h"
 #include "RecordingPage.h"
+#include "support/Patience.h"
 #include "support/StandInPanels.h"
 
 #include <QKeyEvent>
@@ -11,13 +12,11 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QScopeGuard>
-#include <QTest>
 
 using namespace zeph;
 
 namespace {
 
-constexpr int patience = 20000; // milliseconds
 const YouTubeContent youtube { QStringLiteral("abc"), std::nullopt };
 
 void run(const QString &program, const QStringList &arguments)
@@ -182,7 +181,7 @@ void KeyboardTest::cleanup()
 // for one of them.
 void KeyboardTest::awaitKeyboard(const QWindow *window)
 {
-    QTRY_COMPARE_WITH_TIMEOUT(QGuiApplication::focusWindow(), window, patience);
+    QTRY_COMPARE(QGuiApplication::focusWindow(), window);
 }
 
 QQuickItem *KeyboardTest::item(const char *name) const
@@ -212,7 +211,7 @@ void KeyboardTest::hold(const KeyOnKeyboard &key, Qt::KeyboardModifiers modifier
 {
     xdotool(heldModifiers(QStringLiteral("keydown"), modifiers)
         << QStringLiteral("keydown") << QString::number(key.scanCode));
-    QTRY_VERIFY_WITH_TIMEOUT(m_arrivals->presses.value(key.scanCode) > 2, patience);
+    QTRY_VERIFY(m_arrivals->presses.value(key.scanCode) > 2);
     xdotool(QStringList { QStringLiteral("keyup"), QString::number(key.scanCode) }
         << heldModifiers(QStringLiteral("keyup"), modifiers));
     awaitArrivals();
@@ -224,7 +223,7 @@ void KeyboardTest::awaitArrivals()
     constexpr int f5 = 71;
     const int before = m_arrivals->presses.value(f5);
     xdotool({ QStringLiteral("key"), QString::number(f5) });
-    QTRY_COMPARE_WITH_TIMEOUT(m_arrivals->presses.value(f5), before + 1, patience);
+    QTRY_COMPARE(m_arrivals->presses.value(f5), before + 1);
     QCoreApplication::processEvents();
 }
 

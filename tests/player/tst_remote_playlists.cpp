@@ -1,13 +1,13 @@
 // Lists of channels from real servers.
 #include "ChangeLog.h"
 #include "player/PlayerModel.h"
+#include "support/Patience.h"
 #include "support/StandInPanels.h"
 #include "support/TestAuthority.h"
 #include "support/TestServer.h"
 
 #include <QFile>
 #include <QSignalSpy>
-#include <QTest>
 #include <QThreadPool>
 
 #include <clocale>
@@ -16,7 +16,6 @@ using namespace zeph;
 
 namespace {
 
-constexpr int patience = 20000; // milliseconds
 const QString noAddresses =
     QStringLiteral("Could not open playlist: No playable address was found in the playlist.");
 const QString one = QStringLiteral("/one.m3u");
@@ -50,7 +49,7 @@ QStringList names(const PlayerModel &model)
 
 } // namespace
 
-#define WAIT_FOR_END_OF_LOADING(model) QTRY_VERIFY_WITH_TIMEOUT(!(model).isLoading(), patience)
+#define WAIT_FOR_END_OF_LOADING(model) QTRY_VERIFY(!(model).isLoading())
 
 class RemotePlaylistsTest : public QObject {
     Q_OBJECT
@@ -120,12 +119,12 @@ private Q_SLOTS:
     {
         PlayerModel model(m_panels);
         model.play(clip(QStringLiteral("numbered-25.mp4")), QStringLiteral("Clip"), false);
-        QTRY_VERIFY_WITH_TIMEOUT(model.currentTime() > 0.2, patience);
+        QTRY_VERIFY(model.currentTime() > 0.2);
         const QUuid load = model.mediaLoadID();
         m_server->hold(one);
         model.openRemote(m_server->url(one).toString(), {});
         const double time = model.currentTime();
-        QTRY_VERIFY_WITH_TIMEOUT(model.currentTime() > time + 0.3, patience);
+        QTRY_VERIFY(model.currentTime() > time + 0.3);
         QCOMPARE(model.title(), QStringLiteral("Clip"));
         m_server->letGo(one);
         WAIT_FOR_END_OF_LOADING(model);
@@ -264,9 +263,9 @@ private Q_SLOTS:
         m_server->hold(two);
         PlayerModel model(m_panels);
         model.openRemote(m_server->url(one).toString(), QStringLiteral("One"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_server->requestCount(one), 1, patience);
+        QTRY_COMPARE(m_server->requestCount(one), 1);
         model.openRemote(m_server->url(two).toString(), QStringLiteral("Two"));
-        QTRY_COMPARE_WITH_TIMEOUT(m_server->requestCount(two), 1, patience);
+        QTRY_COMPARE(m_server->requestCount(two), 1);
         QSignalSpy filled(&model, &PlayerModel::playlistChanged);
         if (firstAnswersFirst) {
             answer(one);
@@ -294,7 +293,7 @@ private Q_SLOTS:
         m_server->hold(two);
         PlayerModel model(m_panels);
         model.openRemote(m_server->url(one).toString(), {});
-        QTRY_COMPARE_WITH_TIMEOUT(m_server->requestCount(one), 1, patience);
+        QTRY_COMPARE(m_server->requestCount(one), 1);
         model.openRemote(m_server->url(two).toString(), {});
         answer(one);
         QVERIFY(model.isLoading());
@@ -312,7 +311,7 @@ private Q_SLOTS:
         model.openRemote(m_server->url(one).toString(), {});
         model.openRemote(m_server->url(one).toString(), {});
         WAIT_FOR_END_OF_LOADING(model);
-        QTRY_COMPARE_WITH_TIMEOUT(m_server->answeredCount(one), 2, patience);
+        QTRY_COMPARE(m_server->answeredCount(one), 2);
         letAnswersArrive();
         QCOMPARE(filled.size(), 1);
         QCOMPARE(names(model), texts("A B"));
@@ -382,7 +381,7 @@ private Q_SLOTS:
         m_server->hold(one);
         PlayerModel model(m_panels);
         model.openRemote(m_server->url(one).toString(), {});
-        QTRY_COMPARE_WITH_TIMEOUT(m_server->requestCount(one), 1, patience);
+        QTRY_COMPARE(m_server->requestCount(one), 1);
         model.clearNetworkStream();
         QVERIFY(!model.isLoading());
         answer(one);
@@ -398,7 +397,7 @@ private Q_SLOTS:
         PlayerModel model(m_panels);
         model.openRemote(m_server->url(one).toString(), {});
         const qint64 whole = list("A").size() + 5 * 300'000;
-        QTRY_COMPARE_WITH_TIMEOUT(model.loadedBytes(), whole, patience);
+        QTRY_COMPARE(model.loadedBytes(), whole);
         QVERIFY(model.isLoading());
         model.clearNetworkStream();
         letAnswersArrive();
@@ -441,12 +440,12 @@ private Q_SLOTS:
             m_server->hold(two);
             PlayerModel model(m_panels);
             model.openRemote(m_server->url(two).toString(), {});
-            QTRY_COMPARE_WITH_TIMEOUT(m_server->requestCount(two), 1, patience);
+            QTRY_COMPARE(m_server->requestCount(two), 1);
         }
         { // while the list is read
             PlayerModel model(m_panels);
             model.openRemote(m_server->url(one).toString(), {});
-            QTRY_COMPARE_WITH_TIMEOUT(model.loadedBytes(), 5 * 300'000, patience);
+            QTRY_COMPARE(model.loadedBytes(), 5 * 300'000);
         }
         letAnswersArrive();
     }
@@ -457,7 +456,7 @@ private:
     {
         const int before = m_server->answeredCount(path);
         m_server->letGo(path);
-        QTRY_COMPARE_WITH_TIMEOUT(m_server->answeredCount(path), before + 1, patience);
+        QTRY_COMPARE(m_server->answeredCount(path), before + 1);
         letAnswersArrive();
     }
 
@@ -468,7 +467,7 @@ private:
         m_server->serve(path, list("last"));
         PlayerModel model(m_panels);
         model.openRemote(m_server->url(path).toString(), {});
-        QTRY_VERIFY_WITH_TIMEOUT(!model.isLoading(), patience);
+        QTRY_VERIFY(!model.isLoading());
         QTRY_COMPARE(QThreadPool::globalInstance()->activeThreadCount(), 0);
         QCoreApplication::processEvents();
     }

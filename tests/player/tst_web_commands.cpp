@@ -2,10 +2,10 @@
 #include "RecordingPage.h"
 #include "player/PlayerModel.h"
 #include "sources/WebPlayerRegistry.h"
+#include "support/Patience.h"
 #include "support/StandInPanels.h"
 
 #include <QSignalSpy>
-#include <QTest>
 
 #include <clocale>
 #include <limits>

@@ -1,6 +1,6 @@
 #include "sources/PlaylistReader.h"
+#include "support/Patience.h"
 
-#include <QTest>
 #include <QThread>
 
 #include <optional>

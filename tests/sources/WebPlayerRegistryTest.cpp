@@ -1,6 +1,6 @@
 #include "sources/WebPlayerRegistry.h"
+#include "support/Patience.h"
 
-#include <QTest>
 #include <QThread>
 
 using namespace zeph;

@@ -1,4 +1,5 @@
 #include "support/EngineTest.h"
+#include "support/Patience.h"
 
 #include <utility>
 
@@ -43,7 +44,7 @@ MediaItem *open(MediaPlayer &player, const QUrl &url)
 MediaItem::Status settledStatus(const MediaItem *item)
 {
     (void)QTest::qWaitFor([item] { return item->status() != MediaItem::Status::Unknown; },
-        static_cast<int>(patience.count()));
+        patience);
     return item->status();
 }
 
@@ -53,7 +54,7 @@ bool playsPast(const MediaPlayer &player, double seconds)
         return player.timeControlStatus() == MediaPlayer::TimeControlStatus::Playing
             && player.currentTime() > seconds;
     };
-    return QTest::qWaitFor(past, static_cast<int>(patience.count()));
+    return QTest::qWaitFor(past, patience);
 }
 
 } // namespace zeph

@@ -2,18 +2,14 @@
 #pragma once
 
 #include "platform/MediaPlayer.h"
+#include "support/Patience.h"
 
 #include <QCoreApplication>
-#include <QTest>
 
-#include <chrono>
 #include <clocale>
 #include <memory>
 
 namespace zeph {
-
-/// How long a test waits for what has to happen: long enough for a busy machine and sanitizers.
-constexpr std::chrono::milliseconds patience { 20000 };
 
 /// One of the clips that tests/clips/make-clips makes.
 QString clipPath(const QString &name);
@@ -34,9 +30,6 @@ MediaItem::Status settledStatus(const MediaItem *item);
 bool playsPast(const MediaPlayer &player, double seconds);
 
 } // namespace zeph
-
-#define ZEPH_WAIT_UNTIL(condition)                                                                 \
-    QTRY_VERIFY_WITH_TIMEOUT(condition, static_cast<int>(zeph::patience.count()))
 
 // QTEST_GUILESS_MAIN with the number format that the engine needs, whatever the user's locale: the
 // application object sets that of the environment.

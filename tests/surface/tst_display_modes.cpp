@@ -1,8 +1,8 @@
 // In a real window each display mode cuts out, enlarges, turns and moves the picture as it is to.
 #include "GridPicture.h"
+#include "support/Patience.h"
 #include "VideoWindow.h"
 
-#include <QTest>
 
 using namespace zeph;
 using Mode = PortraitDisplayMode;

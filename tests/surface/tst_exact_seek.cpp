@@ -1,8 +1,8 @@
 // The picture on the screen after a seek is the one of the time that was asked for.
+#include "support/Patience.h"
 #include "VideoWindow.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 
 #include <cmath>
 

@@ -1,0 +1,13 @@
+// How long tests wait for what is to happen.
+#pragma once
+
+#include <QTest>
+
+/// Milliseconds. Far more than anything takes: a test that passes does not wait for it to be over,
+/// and on a machine that is busy with other things five seconds, which Qt allows, are too few.
+inline constexpr int patience = 20000;
+
+#undef QTRY_VERIFY
+#undef QTRY_COMPARE
+#define QTRY_VERIFY(expression) QTRY_VERIFY_WITH_TIMEOUT(expression, patience)
+#define QTRY_COMPARE(expression, expected) QTRY_COMPARE_WITH_TIMEOUT(expression, expected, patience)
