@@ -44,6 +44,22 @@ QString randomText(QRandomGenerator &random, const QString &letters, int longest
     return text;
 }
 
+QString cleaned(QString text)
+{
+    return text.replace(u'"', u'\'').replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+// What follows the first comma of the line is taken for the name, wherever that is. Nothing but
+// blanks is no name, and the end of the address becomes it.
+QString nameAfterwards(const QString &name, const QString &country, const QString &group)
+{
+    const QString line = QStringLiteral("\"%1\" tvg-logo=\"http://x/l.png\" tvg-country=\"%2\""
+                                        " group-title=\"%3\",%1")
+                             .arg(name, country, group);
+    const QString title = line.sliced(line.indexOf(u',') + 1).trimmed();
+    return title.isEmpty() ? QStringLiteral("a.m3u8") : title;
+}
+
 // Everything that comes back as it was.
 PlaylistEntry randomEntry(QRandomGenerator &random)
 {
@@ -226,6 +242,36 @@ private Q_SLOTS:
         QCOMPARE(read[0].groupTitle().value_or(QString()), group);
         QCOMPARE(read[0].countryCode().value_or(QString()), country);
         QCOMPARE(read[0].address(), entry.address());
+    }
+
+    void losesTheSameOfAnyLinks()
+    {
+        const QString letters = QStringLiteral("aZ ,\"'\r\n=;#\u00e4\u0416");
+        const QList<std::pair<QString, QString>> countries { { QStringLiteral("TR"),
+                                                                 QStringLiteral("TR") },
+            { QStringLiteral("tr"), QStringLiteral("TR") },
+            { QStringLiteral("us,de"), QStringLiteral("US") }, { QStringLiteral("USA"), {} },
+            { QStringLiteral("\"R"), QStringLiteral("'R") }, { QString(), {} } };
+        QRandomGenerator random(23);
+        for (int round = 0; round < 2000; ++round) {
+            const auto &[country, expectedCountry] = countries[random.bounded(countries.size())];
+            const QString name = randomText(random, letters, 12);
+            const QString group = randomText(random, letters, 12);
+            const PlaylistEntry entry = entryWith([&](Fields &fields) {
+                fields.name = name;
+                fields.groupTitle = group;
+                fields.countryCode = country;
+                fields.logoURL = address(QStringLiteral("http://x/l.png"));
+            });
+            const QList<PlaylistEntry> read = readAgain({ entry });
+            QCOMPARE(read.size(), 1);
+            QCOMPARE(read[0].address(), entry.address());
+            QCOMPARE(read[0].logoAddress(), entry.logoAddress());
+            QCOMPARE(read[0].countryCode().value_or(QString()), expectedCountry);
+            QCOMPARE(read[0].groupTitle().value_or(QString()), cleaned(group).trimmed());
+            QCOMPARE(
+                read[0].name(), nameAfterwards(cleaned(name), cleaned(country), cleaned(group)));
+        }
     }
 
     void readsFilesAgain()
