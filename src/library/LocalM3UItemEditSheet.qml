@@ -70,11 +70,22 @@ Popup {
     }
 
     contentItem: Flickable {
+        id: content
+
         implicitHeight: column.implicitHeight
         contentHeight: column.implicitHeight
         boundsBehavior: Flickable.StopAtBounds
         interactive: height < contentHeight
         clip: interactive
+
+        ScrollBar.vertical: ScrollBar {
+            parent: content.parent
+            anchors.top: content.top
+            anchors.bottom: content.bottom
+            anchors.left: content.right
+            anchors.leftMargin: 4
+            policy: content.interactive ? ScrollBar.AlwaysOn : ScrollBar.AlwaysOff
+        }
 
         // In a window that is too low the keys bring up what they go to.
         Window.onActiveFocusItemChanged: {
