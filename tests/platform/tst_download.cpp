@@ -270,21 +270,29 @@ private Q_SLOTS:
         QVERIFY(outcome.body.isEmpty());
     }
 
-    void failsWhenTheBodyIsCutShort_data()
-    {
-        QTest::addColumn<bool>("chunked");
-        QTest::newRow("length") << false;
-        QTest::newRow("chunked") << true;
-    }
-
     void failsWhenTheBodyIsCutShort()
     {
-        QFETCH(const bool, chunked);
-        m_server->serveCutOff(path, list.repeated(1000), 5000, chunked);
+        m_server->serveCutOff(path, list.repeated(1000), 5000);
         const Outcome outcome = download(m_server->url(path));
         QVERIFY(!outcome.succeeded);
         QVERIFY(!outcome.error.isEmpty());
         QVERIFY(outcome.body.isEmpty());
+    }
+
+    // A connection that ends before Qt has noticed that the answer began, as it may on a machine of
+    // its own, ends a chunked answer for it. So the end comes later here.
+    void failsWhenChunksAreCutShort()
+    {
+        m_server->stallAfter(path, list, list);
+        Download download(m_server->url(path));
+        QSignalSpy succeeded(&download, &Download::succeeded);
+        QSignalSpy failed(&download, &Download::failed);
+        QTRY_COMPARE_WITH_TIMEOUT(download.receivedBytes(), list.size(), patience);
+        m_server->release();
+        QTRY_COMPARE_WITH_TIMEOUT(failed.size(), 1, patience);
+        QVERIFY(!failed[0][0].toString().isEmpty());
+        QCOMPARE(succeeded.size(), 0);
+        QVERIFY(download.takeBody().isEmpty());
     }
 
     // ---- Certificates

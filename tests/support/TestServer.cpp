@@ -142,23 +142,16 @@ void TestServer::cutOff(const QString &path, qint64 bytes)
     serveCutOff(path, file.readAll(), bytes);
 }
 
-void TestServer::serveCutOff(
-    const QString &path, const QByteArray &body, qint64 bytes, bool chunked)
+void TestServer::serveCutOff(const QString &path, const QByteArray &body, qint64 bytes)
 {
-    const auto sendUntilCut = [body, end = static_cast<size_t>(bytes)](
-                                  size_t offset, httplib::DataSink &sink) {
-        if (offset < end)
-            sink.write(body.constData() + offset, end - offset);
-        return false;
-    };
-    answer(path, [=](const httplib::Request &request, httplib::Response &response) {
-        if (chunked)
-            sendInChunks(request, response, path, sendUntilCut);
-        else
-            response.set_content_provider(static_cast<size_t>(body.size()), contentType(path),
-                [=](size_t offset, size_t, httplib::DataSink &sink) {
-                    return sendUntilCut(offset, sink);
-                });
+    answer(path, [=](const httplib::Request &, httplib::Response &response) {
+        response.set_content_provider(static_cast<size_t>(body.size()), contentType(path),
+            [body, end = static_cast<size_t>(bytes)](
+                size_t offset, size_t, httplib::DataSink &sink) {
+                if (offset < end)
+                    sink.write(body.constData() + offset, end - offset);
+                return false;
+            });
     });
 }
 
@@ -198,15 +191,17 @@ void TestServer::serveEndlessly(const QString &path, const QByteArray &piece)
     });
 }
 
-void TestServer::stallAfter(const QString &path, const QByteArray &start)
+void TestServer::stallAfter(const QString &path, const QByteArray &start, const QByteArray &rest)
 {
-    answer(path, [this, path, start](const httplib::Request &request, httplib::Response &response) {
-        const auto sendStart = [this, start](size_t, httplib::DataSink &sink) {
+    answer(path, [=, this](const httplib::Request &request, httplib::Response &response) {
+        const auto sendUntilCut = [=, this](size_t, httplib::DataSink &sink) {
             sink.write(start.constData(), static_cast<size_t>(start.size()));
             waitUntilReleased();
+            if (!rest.isEmpty())
+                sink.write(rest.constData(), static_cast<size_t>(rest.size()));
             return false;
         };
-        sendInChunks(request, response, path, sendStart);
+        response.set_chunked_content_provider(contentType(path), sendUntilCut);
     });
     const QMutexLocker lock(&m_mutex);
     m_released = false;

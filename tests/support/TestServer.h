@@ -51,8 +51,8 @@ public:
     void serveFile(const QString &path);
     /// Promises the whole file, but hangs up after its first `bytes`, each time.
     void cutOff(const QString &path, qint64 bytes);
-    /// The same for any bytes. In chunks, which tell where they end, when it is `chunked`.
-    void serveCutOff(const QString &path, const QByteArray &body, qint64 bytes, bool chunked = false);
+    /// The same for any bytes.
+    void serveCutOff(const QString &path, const QByteArray &body, qint64 bytes);
     /// Answers with the gzipped form of `body`.
     void servePacked(const QString &path, const QByteArray &body);
     /// Answers in chunks, which are `interval` apart.
@@ -60,8 +60,9 @@ public:
         std::chrono::milliseconds interval = {});
     /// Answers with `piece` again and again.
     void serveEndlessly(const QString &path, const QByteArray &piece);
-    /// Sends `start` and then nothing more until `release`.
-    void stallAfter(const QString &path, const QByteArray &start);
+    /// Sends `start` in a chunk and then nothing more until `release`; after that `rest`, and hangs up
+    /// without having said that this was all.
+    void stallAfter(const QString &path, const QByteArray &start, const QByteArray &rest = {});
     /// Sends this part of `body`, and the rest after `release`.
     void pauseWithin(const QString &path, const QByteArray &body, double part);
     /// Answers with a status and a page about it.
