@@ -223,9 +223,8 @@ void LocalM3UStoreTest::leavesWhatItCannotRead_data()
     raw("4 GB of text", R"(@Variant(\0\0\0\n\xff\xff\xff\xfe))");
     raw("4 GB of list", R"(@Variant(\0\0\0\t\xff\xff\xff\xfe))");
     raw("open quote", R"("[{\"id\")");
-    QTest::newRow("no settings") << QByteArray("\x7f"
-                                               "ELF\0\1\2\3\n\0\n=\n[\n]\n",
-        19);
+    QTest::newRow("no settings") << QByteArrayLiteral("\x7f"
+                                                      "ELF\0\1\2\3\n\0\n=\n[\n]\n");
     QTest::newRow("zeros") << QByteArray(100'000, '\0');
 }
 
