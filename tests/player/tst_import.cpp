@@ -38,8 +38,7 @@ private Q_SLOTS:
         QCOMPARE(m_panels.shown[0].title, QStringLiteral("Import M3U Playlist"));
         QCOMPARE(m_panels.shown[0].prompt, QStringLiteral("Import"));
         QCOMPARE(m_panels.shown[0].extensions,
-            QStringList(
-                { QStringLiteral("m3u"), QStringLiteral("m3u8"), QStringLiteral("txt") }));
+            QStringList({ QStringLiteral("m3u"), QStringLiteral("m3u8"), QStringLiteral("txt") }));
         QVERIFY(log.changes.isEmpty());
     }
 
@@ -112,8 +111,7 @@ private Q_SLOTS:
         const QString noFile = failed + QStringLiteral("It is not a file.");
         QTest::newRow("folder") << QUrl::fromLocalFile(m_folder.path()) << noFile;
         QTest::newRow("pipe") << pipe() << noFile;
-        QTest::newRow("not local") << QUrl(QStringLiteral("http://h/a.m3u"))
-                                   << failed;
+        QTest::newRow("not local") << QUrl(QStringLiteral("http://h/a.m3u")) << failed;
         QTest::newRow("too large")
             << hugeFile() << failed + QStringLiteral("The file is larger than 512 MiB.");
     }

@@ -60,8 +60,8 @@ public:
         std::chrono::milliseconds interval = {});
     /// Answers with `piece` again and again.
     void serveEndlessly(const QString &path, const QByteArray &piece);
-    /// Sends `start` in a chunk and then nothing more until `release`; after that `rest`, and hangs up
-    /// without having said that this was all.
+    /// Sends `start` in a chunk and then nothing more until `release`; after that `rest`, and hangs
+    /// up without having said that this was all.
     void stallAfter(const QString &path, const QByteArray &start, const QByteArray &rest = {});
     /// Sends this part of `body`, and the rest after `release`.
     void pauseWithin(const QString &path, const QByteArray &body, double part);
