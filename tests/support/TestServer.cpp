@@ -201,7 +201,7 @@ void TestServer::stallAfter(const QString &path, const QByteArray &start, const 
                 sink.write(rest.constData(), static_cast<size_t>(rest.size()));
             return false;
         };
-        response.set_chunked_content_provider(contentType(path), sendUntilCut);
+        sendInChunks(request, response, path, sendUntilCut);
     });
     const QMutexLocker lock(&m_mutex);
     m_released = false;
