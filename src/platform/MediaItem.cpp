@@ -1,5 +1,7 @@
 #include "platform/MediaItem.h"
 
+#include "platform/MediaItemVideoOutput.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -10,6 +12,18 @@ MediaItem::MediaItem(QUrl url, QObject *parent)
     : QObject(parent)
     , m_url(std::move(url))
 {
+}
+
+MediaItem::~MediaItem() = default;
+
+MediaItemVideoOutput *MediaItem::videoOutput() const
+{
+    return m_videoOutput;
+}
+
+void MediaItem::setVideoOutput(MediaItemVideoOutput *output)
+{
+    m_videoOutput = output;
 }
 
 void MediaItem::update(State state)

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QSizeF>
 #include <QString>
 #include <QUrl>
 
 namespace zeph {
+
+class MediaItemVideoOutput;
 
 /// A local file or network stream that a `MediaPlayer` plays. Everything but the address is unknown
 /// until the player has opened it, and is kept up to date by the player from then on.
@@ -22,6 +25,7 @@ public:
     };
 
     explicit MediaItem(QUrl url, QObject *parent = nullptr);
+    ~MediaItem() override;
 
     const QUrl &url() const { return m_url; }
 
@@ -42,6 +46,11 @@ public:
     bool isPlaybackBufferEmpty() const { return m_state.isPlaybackBufferEmpty; }
     /// Enough is loaded to play on without stalling.
     bool isPlaybackLikelyToKeepUp() const { return m_state.isPlaybackLikelyToKeepUp; }
+
+    MediaItemVideoOutput *videoOutput() const;
+    /// Who may look at the pictures that are shown; not owned, and null when nobody may. To be set
+    /// before the item is drawn the first time, or the pictures up to then are not new to it.
+    void setVideoOutput(MediaItemVideoOutput *output);
 
 Q_SIGNALS:
     void statusChanged();
@@ -69,6 +78,7 @@ private:
 
     const QUrl m_url;
     State m_state;
+    QPointer<MediaItemVideoOutput> m_videoOutput;
 };
 
 } // namespace zeph

@@ -99,7 +99,25 @@ public:
         render(parameters);
     }
 
+    // Only a step to half the size takes all pixels into account. Two steps are as good as many to
+    // those who look for large things.
+    QImage copy(QSize size) override
+    {
+        QOpenGLFramebufferObject halfway(size * 2);
+        QOpenGLFramebufferObject small(size);
+        squeeze(*m_target, halfway);
+        squeeze(halfway, small);
+        return small.toImage(false).convertToFormat(QImage::Format_RGB32);
+    }
+
 private:
+    static void squeeze(QOpenGLFramebufferObject &from, QOpenGLFramebufferObject &to)
+    {
+        QOpenGLFramebufferObject::blitFramebuffer(&to, QRect(QPoint(), to.size()), &from,
+                                                  QRect(QPoint(), from.size()),
+                                                  GL_COLOR_BUFFER_BIT, GL_LINEAR);
+    }
+
     std::unique_ptr<QOpenGLFramebufferObject> m_target;
 };
 
@@ -150,6 +168,14 @@ public:
                            static_cast<const void *>(m_pixels), &layout);
     }
 
+    QImage copy(QSize size) override
+    {
+        const QImage image(static_cast<const uchar *>(m_pixels), m_size.width(), m_size.height(),
+                           qsizetype(m_stride), QImage::Format_RGBX8888);
+        return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_RGB32);
+    }
+
 private:
     static constexpr size_t bytesPerPixel = 4;
 
@@ -192,9 +218,16 @@ void VideoCanvas::setUpdateCallback(void (*notify)(void *), void *argument)
     m_engine->library().render_context_set_update_callback(m_context, notify, argument);
 }
 
-bool VideoCanvas::takeUpdate()
+VideoCanvas::Update VideoCanvas::takeUpdate()
 {
-    return m_engine->library().render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME;
+    const MpvLibrary &mpv = m_engine->library();
+    if (!(mpv.render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME))
+        return Update::None;
+    mpv_render_frame_info info {};
+    mpv.render_context_get_info(m_context, { MPV_RENDER_PARAM_NEXT_FRAME_INFO, &info });
+    const bool isNew = info.flags & MPV_RENDER_FRAME_INFO_PRESENT
+        && !(info.flags & (MPV_RENDER_FRAME_INFO_REDRAW | MPV_RENDER_FRAME_INFO_REPEAT));
+    return isNew ? Update::NewPicture : Update::Redraw;
 }
 
 void VideoCanvas::render(mpv_render_param *parameters)

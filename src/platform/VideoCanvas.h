@@ -3,6 +3,7 @@
 
 #include "platform/MpvHandle.h"
 
+#include <QImage>
 #include <QSize>
 
 #include <memory>
@@ -33,9 +34,16 @@ public:
 
     /// `notify` is called, from any thread, when there may be something new to draw.
     void setUpdateCallback(void (*notify)(void *), void *argument);
-    /// Whether the engine has a new picture. To be asked after each notification.
-    bool takeUpdate();
+    enum class Update {
+        None,
+        Redraw, ///< The picture that was drawn last, differently.
+        NewPicture,
+    };
+    /// What there is to draw. To be asked after each notification.
+    Update takeUpdate();
     virtual void draw() = 0;
+    /// What was drawn last, squeezed into `size` pixels of 32 bits.
+    virtual QImage copy(QSize size) = 0;
 
 protected:
     void render(mpv_render_param *parameters);

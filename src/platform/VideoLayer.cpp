@@ -1,5 +1,6 @@
 #include "platform/VideoLayer.h"
 
+#include "platform/MediaItemVideoOutput.h"
 #include "platform/MediaPlayer.h"
 #include "platform/VideoNode.h"
 
@@ -71,6 +72,8 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
         }
         video = new VideoNode(window(), std::move(canvas));
         connect(video, &VideoNode::pictureDue, this, &QQuickItem::update, Qt::QueuedConnection);
+        connect(video, &VideoNode::pictureCopied, this, &VideoLayer::deliverCopy,
+                Qt::QueuedConnection);
         connect(video, &QObject::destroyed, m_player, &MediaPlayer::videoOutputLost,
                 Qt::QueuedConnection);
     }
@@ -85,7 +88,13 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
                          .devicePixelRatio = window()->effectiveDevicePixelRatio(),
                          .rotation = m_player->pictureRotation(),
                          .isOnPixels = m_gravity == VideoGravity::ResizeAspect });
-    video->setPictureShown(m_player->currentItem() != nullptr);
+    const MediaItem *item = m_player->currentItem();
+    video->setPictureShown(item != nullptr);
+    MediaItemVideoOutput *output = item ? item->videoOutput() : nullptr;
+    if (output)
+        connect(output, &MediaItemVideoOutput::copyWanted, this, &QQuickItem::update,
+                Qt::UniqueConnection);
+    video->setTap(output ? output->tap() : nullptr);
     return video;
 }
 
@@ -104,6 +113,13 @@ QSizeF VideoLayer::pictureSize() const
     if (m_gravity == VideoGravity::ResizeAspect || !item || item->presentationSize().isEmpty())
         return size();
     return item->presentationSize().scaled(size(), Qt::KeepAspectRatioByExpanding);
+}
+
+void VideoLayer::deliverCopy()
+{
+    const MediaItem *item = m_player ? m_player->currentItem() : nullptr;
+    if (item && item->videoOutput())
+        item->videoOutput()->deliverCopy();
 }
 
 void VideoLayer::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)

@@ -1,10 +1,13 @@
 #include "platform/VideoNode.h"
 
+#include "platform/VideoTap.h"
+
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QQuickOpenGLUtils>
 #include <QQuickWindow>
 #include <QSGTexture>
+#include <QTransform>
 
 #include <algorithm>
 #include <cmath>
@@ -85,7 +88,8 @@ void VideoNode::setGeometry(const Geometry &geometry)
     m_picture.setSourceRect(middle(pixels, layer, drawn));
     m_picture.setFiltering(geometry.isOnPixels ? QSGTexture::Nearest : QSGTexture::Linear);
     m_picture.markDirty(DirtyMaterial);
-    setMatrix(clockwise(geometry.rotation, geometry.layer));
+    m_rotation = geometry.rotation;
+    setMatrix(clockwise(m_rotation, geometry.layer));
 }
 
 void VideoNode::setPictureShown(bool shown)
@@ -112,16 +116,38 @@ void VideoNode::resizeCanvas(QSize pixels)
     m_redraw = true;
 }
 
+void VideoNode::setTap(std::shared_ptr<VideoTap> tap)
+{
+    m_tap = std::move(tap);
+}
+
 void VideoNode::drawPicture()
 {
-    if (!m_canvas->takeUpdate() && !m_redraw)
-        return;
+    const VideoCanvas::Update update = m_canvas->takeUpdate();
+    const bool draws = update != VideoCanvas::Update::None || m_redraw;
     m_redraw = false;
+    if (m_tap && update == VideoCanvas::Update::NewPicture)
+        m_tap->pictureShown();
+    const bool copies = m_tap && m_tap->isCopyDue();
+    if (!draws && !copies)
+        return;
     m_window->beginExternalCommands();
     QQuickOpenGLUtils::resetOpenGLState();
-    m_canvas->draw();
+    if (draws)
+        m_canvas->draw();
+    if (copies)
+        copyPicture();
     QQuickOpenGLUtils::resetOpenGLState();
     m_window->endExternalCommands();
+}
+
+void VideoNode::copyPicture()
+{
+    const bool sideways = m_rotation % 180 != 0;
+    const QImage copy
+        = m_canvas->copy(sideways ? m_tap->copySize.transposed() : m_tap->copySize);
+    m_tap->putCopy(m_rotation == 0 ? copy : copy.transformed(QTransform().rotate(m_rotation)));
+    Q_EMIT pictureCopied();
 }
 
 } // namespace zeph

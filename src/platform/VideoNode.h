@@ -12,6 +12,8 @@ class QQuickWindow;
 
 namespace zeph {
 
+class VideoTap;
+
 /// The node of a `VideoLayer`. Lives in the render thread, where it is made and destroyed with the
 /// window's OpenGL context current.
 class VideoNode : public QObject, public QSGTransformNode {
@@ -34,19 +36,27 @@ public:
     /// While it is not shown nothing is drawn.
     void setPictureShown(bool shown);
 
+    /// Who is told of pictures and gets copies of them. May be null.
+    void setTap(std::shared_ptr<VideoTap> tap);
+
 Q_SIGNALS:
     /// There may be a new picture to draw. Emitted from any thread.
     void pictureDue();
+    /// The tap holds a copy. Emitted from the render thread.
+    void pictureCopied();
 
 private:
     void resizeCanvas(QSize pixels);
     void drawPicture();
+    void copyPicture();
 
     QQuickWindow *const m_window;
     const std::unique_ptr<VideoCanvas> m_canvas;
     QSGSimpleTextureNode m_picture;
     const int m_largestTexture;
+    std::shared_ptr<VideoTap> m_tap;
     QSize m_pixels;
+    int m_rotation = 0;
     bool m_redraw = false;
 };
 

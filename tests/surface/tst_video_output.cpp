@@ -1,0 +1,284 @@
+// Small copies of the pictures that are shown: which, when, and what is in them.
+#include "VideoWindow.h"
+
+#include "platform/MediaItemVideoOutput.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace zeph;
+
+namespace {
+
+constexpr int patience = 20000; // ms
+
+bool isNear(QColor colour, QColor expected)
+{
+    constexpr int tolerance = 12;
+    return std::abs(colour.red() - expected.red()) <= tolerance
+        && std::abs(colour.green() - expected.green()) <= tolerance
+        && std::abs(colour.blue() - expected.blue()) <= tolerance;
+}
+
+QList<QColor> quarters(const QImage &image)
+{
+    QList<QColor> colours;
+    for (double y : { 0.25, 0.75 }) {
+        for (double x : { 0.25, 0.75 })
+            colours << image.pixelColor(int(x * image.width()), int(y * image.height()));
+    }
+    return colours;
+}
+
+// A picture of a numbered clip in a copy of one column a stripe.
+constexpr QSize stripes(10, 1);
+
+int numberIn(const QImage &image)
+{
+    int number = 0;
+    for (int bit = 0; bit < stripes.width(); ++bit)
+        number |= int(image.pixelColor(bit, 0).lightness() >= 128) << bit;
+    return number;
+}
+
+/// Looks at what the window plays, in place of its own view.
+struct Output {
+    Output(VideoWindow &video, QSize size) : tap(size)
+    {
+        video.player().currentItem()->setVideoOutput(&tap);
+    }
+
+    void ask()
+    {
+        tap.copyPixelBuffer([this](const QImage &copy) { copies << copy; });
+    }
+
+    MediaItemVideoOutput tap;
+    QList<QImage> copies;
+};
+
+} // namespace
+
+class VideoOutputTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void isUprightInKnownColours_data() { canvases(); }
+    void isUprightInKnownColours();
+    void isTurnedAsItIsSeen_data() { canvases(); }
+    void isTurnedAsItIsSeen();
+    void isOfTheWantedSize_data();
+    void isOfTheWantedSize();
+    void noPictureTwice_data() { canvases(); }
+    void noPictureTwice();
+    void isTheNewestWhilePlaying_data() { canvases(); }
+    void isTheNewestWhilePlaying();
+    void lastReceiverCounts();
+    void nothingOfOtherItems();
+    void nothingWithoutAPicture();
+
+private:
+    static void canvases();
+    static void useCanvas();
+    static void drawSomePictures(VideoWindow &video);
+};
+
+void VideoOutputTest::canvases()
+{
+    QTest::addColumn<QByteArray>("canvas");
+    QTest::newRow("drawn on the CPU") << QByteArray("software");
+    QTest::newRow("drawn with OpenGL") << QByteArray("opengl");
+}
+
+void VideoOutputTest::useCanvas()
+{
+    QFETCH(QByteArray, canvas);
+    qputenv("ZEPH_VIDEO_CANVAS", canvas);
+}
+
+void VideoOutputTest::init()
+{
+    qunsetenv("ZEPH_VIDEO_CANVAS");
+}
+
+void VideoOutputTest::drawSomePictures(VideoWindow &video)
+{
+    QSignalSpy drawn(&video.window(), &QQuickWindow::frameSwapped);
+    for (int i = 1; i <= 3; ++i) {
+        video.window().update();
+        QTRY_VERIFY_WITH_TIMEOUT(drawn.count() >= i, patience);
+    }
+}
+
+void VideoOutputTest::isUprightInKnownColours()
+{
+    useCanvas();
+    VideoWindow video({ 640, 360 });
+    video.open(QStringLiteral("colours.mp4"));
+    Output output(video, { 32, 24 });
+    output.ask();
+    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+
+    const QImage copy = output.copies.first();
+    QCOMPARE(copy.size(), QSize(32, 24));
+    QCOMPARE(copy.depth(), 32);
+    const QList<QColor> expected { Qt::red, Qt::green, Qt::blue, Qt::white };
+    const QList<QColor> actual = quarters(copy);
+    for (int i = 0; i < 4; ++i)
+        QVERIFY2(isNear(actual[i], expected[i]), qPrintable(actual[i].name()));
+    // Of red: blue, green, red and the fourth, in memory.
+    const uchar *pixel = copy.constScanLine(6) + 4 * 8;
+    QVERIFY(pixel[0] < 12 && pixel[1] < 12 && pixel[2] > 243 && pixel[3] == 255);
+}
+
+void VideoOutputTest::isTurnedAsItIsSeen()
+{
+    useCanvas();
+    VideoWindow video({ 640, 360 });
+    video.view().setDisplayMode(PortraitDisplayMode::Manual);
+    video.open(QStringLiteral("colours-rotated.mp4"));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        video.player().currentItem()->presentationSize(), QSizeF(180, 320), patience);
+    drawSomePictures(video);
+    Output output(video, { 40, 30 });
+    output.ask();
+    video.player().seek(1);
+    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+
+    QCOMPARE(output.copies.first().size(), QSize(40, 30));
+    const QImage reference(clipPath(QStringLiteral("colours-rotated.png")));
+    const QList<QColor> expected = quarters(reference);
+    const QList<QColor> actual = quarters(output.copies.first());
+    for (int i = 0; i < 4; ++i)
+        QVERIFY2(isNear(actual[i], expected[i]), qPrintable(actual[i].name()));
+}
+
+void VideoOutputTest::isOfTheWantedSize_data()
+{
+    QTest::addColumn<QByteArray>("canvas");
+    QTest::addColumn<QString>("clip");
+    for (const char *canvas : { "software", "opengl" }) {
+        for (const char *clip :
+            { "grid-2160p.mkv", "grid-1x1.mkv", "grid-3x4000.mkv", "grid-4000x3.mkv" }) {
+            QTest::addRow("%s %s", clip, canvas) << QByteArray(canvas) << QString::fromLatin1(clip);
+        }
+    }
+}
+
+void VideoOutputTest::isOfTheWantedSize()
+{
+    useCanvas();
+    QFETCH(QString, clip);
+    for (QSize size : { QSize(320, 240), QSize(1, 1) }) {
+        VideoWindow video({ 600, 400 });
+        video.view().setDisplayMode(PortraitDisplayMode::Manual);
+        video.open(clip);
+        Output output(video, size);
+        output.ask();
+        QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+        QCOMPARE(output.copies.first().size(), size);
+    }
+}
+
+void VideoOutputTest::noPictureTwice()
+{
+    useCanvas();
+    VideoWindow video({ 640, 360 });
+    video.open(QStringLiteral("numbered-25.mp4"));
+    Output output(video, stripes);
+    QVERIFY(!output.tap.hasNewPixelBuffer());
+    QTRY_VERIFY_WITH_TIMEOUT(output.tap.hasNewPixelBuffer(), patience);
+    output.ask();
+    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+    QCOMPARE(numberIn(output.copies.first()), 0);
+    QVERIFY(!output.tap.hasNewPixelBuffer());
+
+    // Neither drawing it again nor drawing it larger makes it new.
+    output.ask();
+    drawSomePictures(video);
+    video.resize({ 960, 540 });
+    drawSomePictures(video);
+    QVERIFY(!output.tap.hasNewPixelBuffer());
+    QCOMPARE(output.copies.count(), 1);
+
+    video.player().seek(4);
+    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 2, patience);
+    QCOMPARE(numberIn(output.copies.last()), 100);
+}
+
+void VideoOutputTest::isTheNewestWhilePlaying()
+{
+    useCanvas();
+    VideoWindow video({ 640, 360 });
+    video.open(QStringLiteral("numbered-25.mp4"));
+    Output output(video, stripes);
+    video.player().play();
+    for (int i = 1; i <= 5; ++i) {
+        QTRY_VERIFY_WITH_TIMEOUT(output.tap.hasNewPixelBuffer(), patience);
+        const int shown = video.pictureNumber();
+        output.ask();
+        QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), i, patience);
+        QVERIFY(numberIn(output.copies.last()) >= shown);
+        if (i > 1)
+            QVERIFY(numberIn(output.copies[i - 1]) > numberIn(output.copies[i - 2]));
+    }
+}
+
+void VideoOutputTest::lastReceiverCounts()
+{
+    VideoWindow video({ 640, 360 });
+    video.open(QStringLiteral("numbered-25.mp4"));
+    Output output(video, stripes);
+    int replaced = 0;
+    output.tap.copyPixelBuffer([&replaced](const QImage &) { ++replaced; });
+    output.ask();
+    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+    QCOMPARE(replaced, 0);
+}
+
+void VideoOutputTest::nothingOfOtherItems()
+{
+    VideoWindow video({ 640, 360 });
+    video.open(QStringLiteral("numbered-25.mp4"));
+    Output first(video, stripes);
+    QTRY_VERIFY_WITH_TIMEOUT(first.tap.hasNewPixelBuffer(), patience);
+    first.ask();
+    QTRY_COMPARE_WITH_TIMEOUT(first.copies.count(), 1, patience);
+
+    first.ask();
+    video.open(QStringLiteral("numbered-24.mkv"));
+    Output second(video, stripes);
+    second.ask();
+    QTRY_COMPARE_WITH_TIMEOUT(second.copies.count(), 1, patience);
+    QVERIFY(!first.tap.hasNewPixelBuffer());
+    QCOMPARE(first.copies.count(), 1);
+
+    video.player().currentItem()->setVideoOutput(nullptr);
+    drawSomePictures(video);
+    second.ask();
+    video.player().seek(4);
+    QTRY_COMPARE_WITH_TIMEOUT(video.pictureNumber(), 95, patience);
+    QVERIFY(!second.tap.hasNewPixelBuffer());
+    QCOMPARE(second.copies.count(), 1);
+}
+
+void VideoOutputTest::nothingWithoutAPicture()
+{
+    VideoWindow video({ 640, 360 });
+    video.open(QStringLiteral("clip.mp3"));
+    Output output(video, stripes);
+    output.ask();
+    QTRY_VERIFY_WITH_TIMEOUT(video.isOpen(), patience);
+    drawSomePictures(video);
+    QVERIFY(!output.tap.hasNewPixelBuffer());
+    QVERIFY(output.copies.isEmpty());
+}
+
+int main(int argc, char *argv[])
+{
+    VideoOutputTest test;
+    return VideoWindow::runTest(test, argc, argv);
+}
+
+#include "tst_video_output.moc"
