@@ -1,0 +1,78 @@
+#include "platform/FaceDetector.h"
+
+#include "platform/FaceFinder.h"
+
+#include <QFile>
+#include <QLibrary>
+
+#include <chrono>
+#include <future>
+
+namespace zeph {
+
+namespace {
+
+QString modulePath()
+{
+    const QString name = QStringLiteral("/zeph-face-finder.so");
+#ifdef ZEPH_BUILT_MODULES
+    // A program that was not installed goes with the module that was built with it.
+    const QString built = QStringLiteral(ZEPH_BUILT_MODULES) + name;
+    if (QFile::exists(built))
+        return built;
+#endif
+    return QStringLiteral(ZEPH_INSTALLED_MODULES) + name;
+}
+
+// The first picture takes longer than those that follow, so there is one already.
+std::unique_ptr<FaceFinder> loadFaceFinder()
+{
+    QLibrary module(modulePath());
+    const auto create = reinterpret_cast<CreateFaceFinder *>(module.resolve(createFaceFinderName));
+    std::unique_ptr<FaceFinder> finder(create ? create() : nullptr);
+    if (finder) {
+        QImage black(FaceDetector::pictureSize, QImage::Format_RGB32);
+        black.fill(Qt::black);
+        finder->faces(black);
+    }
+    return finder;
+}
+
+class ModuleFaceDetector final : public FaceDetector {
+public:
+    ModuleFaceDetector() : m_loading(std::async(std::launch::async, loadFaceFinder)) { }
+
+    bool isReady() override
+    {
+        if (m_loading.valid()
+            && m_loading.wait_for(std::chrono::seconds(0)) == std::future_status::ready)
+            m_finder = m_loading.get();
+        return m_finder != nullptr;
+    }
+
+    QList<QRectF> faces(const QImage &picture) override
+    {
+        return isReady() ? m_finder->faces(picture) : QList<QRectF>();
+    }
+
+private:
+    std::future<std::unique_ptr<FaceFinder>> m_loading;
+    std::unique_ptr<FaceFinder> m_finder;
+};
+
+} // namespace
+
+// Not for the life of the process: libraries that are loaded late are torn down before objects that
+// were made early.
+std::shared_ptr<FaceDetector> FaceDetector::shared()
+{
+    static std::weak_ptr<FaceDetector> shared;
+    std::shared_ptr<FaceDetector> detector = shared.lock();
+    if (!detector) {
+        detector = std::make_shared<ModuleFaceDetector>();
+        shared = detector;
+    }
+    return detector;
+}
+
+} // namespace zeph
