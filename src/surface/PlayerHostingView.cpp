@@ -1,5 +1,7 @@
 #include "surface/PlayerHostingView.h"
 
+#include "platform/FaceDetector.h"
+#include "platform/MediaItemVideoOutput.h"
 #include "platform/VideoLayer.h"
 #include "surface/PlayerLayerGeometry.h"
 
@@ -18,6 +20,14 @@ PlayerHostingView::PlayerHostingView(QQuickItem *parent)
     setFlag(ItemHasContents);
     setClip(true);
     setAcceptedMouseButtons(Qt::LeftButton);
+    m_smartTimer.setInterval(smartInterval);
+    m_smartTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_smartTimer, &QTimer::timeout, this, &PlayerHostingView::trackLargestFace);
+}
+
+PlayerHostingView::~PlayerHostingView()
+{
+    detachVideoOutput();
 }
 
 MediaPlayer *PlayerHostingView::player() const
@@ -28,7 +38,27 @@ MediaPlayer *PlayerHostingView::player() const
 void PlayerHostingView::setPlayer(MediaPlayer *player)
 {
     m_playerLayer->setPlayer(player);
+    tapCurrentItem();
     updatePlayerFrame();
+}
+
+void PlayerHostingView::tapCurrentItem()
+{
+    MediaItem *item = player() ? player()->currentItem() : nullptr;
+    if (item == m_observedItem)
+        return;
+    detachVideoOutput();
+    m_observedItem = item;
+    m_videoOutput = std::make_unique<MediaItemVideoOutput>(FaceDetector::pictureSize);
+    if (item)
+        item->setVideoOutput(m_videoOutput.get());
+}
+
+// Another view may have attached its own.
+void PlayerHostingView::detachVideoOutput()
+{
+    if (m_observedItem && m_observedItem->videoOutput() == m_videoOutput.get())
+        m_observedItem->setVideoOutput(nullptr);
 }
 
 void PlayerHostingView::setDisplayMode(PortraitDisplayMode mode)
@@ -37,6 +67,7 @@ void PlayerHostingView::setDisplayMode(PortraitDisplayMode mode)
         m_displayMode = mode;
         if (mode == PortraitDisplayMode::Fill || mode == PortraitDisplayMode::Rotate)
             m_horizontalPan = 0;
+        updateSmartTimer();
     }
     updateGravity();
     updatePlayerFrame();
