@@ -25,6 +25,7 @@ private:
     static constexpr std::size_t slotCount = 1024;
 
     std::vector<Slot> m_slots = std::vector<Slot>(slotCount);
+    std::size_t m_last = 0;
 };
 
 } // namespace zeph
