@@ -1,0 +1,4 @@
+// The browser, from its plugin.
+import ZephPlayer.Sources.Browser
+
+Browser { }
