@@ -45,3 +45,10 @@ function(zeph_add_qml_library target uri)
     # The generated type registration includes each header by its bare file name.
     target_include_directories(${target} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
 endfunction()
+
+# Where the program finds the QML modules that it loads when it needs them: from the folder that it
+# lies in itself.
+include(GNUInstallDirs)
+set(ZEPH_QML_INSTALL_FOLDER "${CMAKE_INSTALL_LIBDIR}/zeph-player/qml")
+file(RELATIVE_PATH ZEPH_QML_FOLDER
+    "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_PREFIX}/${ZEPH_QML_INSTALL_FOLDER}")
