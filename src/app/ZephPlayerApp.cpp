@@ -9,6 +9,7 @@
 #include <clocale>
 
 Q_IMPORT_QML_PLUGIN(ZephPlayer_PlayerPlugin)
+Q_IMPORT_QML_PLUGIN(ZephPlayer_Sources_WebPlugin)
 Q_IMPORT_QML_PLUGIN(ZephPlayer_SurfacePlugin)
 Q_IMPORT_QML_PLUGIN(ZephPlayer_LibraryPlugin)
 Q_IMPORT_QML_PLUGIN(ZephPlayer_AppPlugin)
@@ -22,6 +23,8 @@ int ZephPlayerApp::run(int argc, char *argv[])
     QGuiApplication::setDesktopFileName(QStringLiteral("zeph-player"));
     // The picture is drawn with OpenGL, so the window has to be, too.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
+    // So do the pages of the web players, in threads of their own.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 
     QApplication application(argc, argv);
     // The application object takes over the user's locale; libmpv reads numbers as in C.
@@ -52,6 +55,8 @@ void ZephPlayerApp::preparePlayer()
 
 bool ZephPlayerApp::showMainWindow()
 {
+    m_engine.addImportPath(
+        QCoreApplication::applicationDirPath() + QStringLiteral("/" ZEPH_QML_FOLDER));
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine.setInitialProperties({
         { QStringLiteral("model"), QVariant::fromValue(&m_player) },

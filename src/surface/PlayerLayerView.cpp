@@ -61,7 +61,8 @@ void PlayerLayerView::setDisplayMode(PortraitDisplayMode mode)
 
 void PlayerLayerView::updateHostingView()
 {
-    PlayerSurfaceRegistry::shared().setView(m_hostingView);
+    if (isVisible())
+        PlayerSurfaceRegistry::shared().setView(m_hostingView);
     m_hostingView->setPlayer(m_player);
     m_hostingView->setDisplayMode(m_displayMode);
     m_hostingView->setFillScreen(m_fillScreen);
@@ -71,6 +72,13 @@ void PlayerLayerView::geometryChange(const QRectF &newGeometry, const QRectF &ol
 {
     QQuickItem::geometryChange(newGeometry, oldGeometry);
     m_hostingView->setSize(newGeometry.size());
+}
+
+void PlayerLayerView::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    if (change == ItemVisibleHasChanged)
+        updateHostingView();
+    QQuickItem::itemChange(change, data);
 }
 
 } // namespace zeph

@@ -8,7 +8,7 @@
 namespace zeph {
 
 /// Fills itself with a `PlayerHostingView`, hands it the properties and all news of what plays, and
-/// keeps it registered as the view that presents video. Main thread only.
+/// keeps it registered as the view that presents video while it is visible. Main thread only.
 class PlayerLayerView : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
@@ -39,6 +39,7 @@ Q_SIGNALS:
 
 protected:
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
     void followCurrentItem();

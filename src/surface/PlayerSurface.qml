@@ -2,6 +2,7 @@
 import QtQuick
 import ZephPlayer.Player
 import ZephPlayer.Surface
+import ZephPlayer.Sources.Web
 
 Rectangle {
     id: surface
@@ -16,6 +17,14 @@ Rectangle {
         id: playerView
         anchors.fill: parent
         player: surface.model.player
+        visible: !webPlayer.item
+    }
+
+    WebPlayer {
+        id: webPlayer
+        anchors.fill: parent
+        youtubeContent: surface.model.youtubeContent
+        okVideoContent: surface.model.okVideoContent
     }
 
     ToastLabel {
