@@ -1,0 +1,90 @@
+// Video and playlist ids that try to become scripts or elements of our page.
+#include "HostileTexts.h"
+#include "PlayerWindow.h"
+#include "sources/web/YouTubePage.h"
+#include "support/EngineTest.h"
+#include "VideoServices.h"
+#include "WebAddresses.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+using namespace zeph;
+
+namespace {
+
+const QString elements = QStringLiteral("html head meta meta style body div script script");
+
+// What the browser makes of the pages of these ids: the elements, whether anything foreign has run,
+// and the ids that our script hands to the player.
+QString readingsOf(const QStringList &ids)
+{
+    QJsonArray pages;
+    for (const QString &id : ids)
+        pages += youTubePage({ id, id });
+    const QByteArray json = QJsonDocument(pages).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(json) + QStringLiteral(R"(.map(function (html) {
+    var page = new DOMParser().parseFromString(html, 'text/html');
+    var given;
+    var YT = { Player: function (id, options) { given = options; } };
+    var run = new Function('YT', page.scripts[1].textContent + '; onYouTubeIframeAPIReady();');
+    window.hit = 0;
+    run(YT);
+    return [
+        Array.from(page.querySelectorAll('*'), element => element.localName).join(' '),
+        window.hit, given.videoId, given.playerVars.list
+    ];
+}))");
+}
+
+} // namespace
+
+class HostileIdentifiersTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit HostileIdentifiersTest(VideoServices &) { }
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(PlayerWindow::takeWarnings(), QStringList()); }
+
+    void stayTextsInThePage()
+    {
+        PlayerWindow player;
+        player.open(video);
+        ZEPH_WAIT_UNTIL(player.plays());
+        // A script of all of them would be too long for the browser.
+        const QStringList texts = hostileTexts();
+        for (qsizetype begin = 0; begin < texts.size(); begin += 100) {
+            const QStringList some = texts.mid(begin, 100);
+            const QJsonArray readings = player.valueInPage(readingsOf(some)).toArray();
+            QCOMPARE(readings.size(), some.size());
+            for (qsizetype i = 0; i < some.size(); ++i)
+                QCOMPARE(
+                    readings.at(i), QJsonValue(QJsonArray { elements, 0, some.at(i), some.at(i) }));
+        }
+    }
+
+    void stayTextsInARealPlayer_data()
+    {
+        QTest::addColumn<QString>("text");
+        const QStringList texts = hostileTexts();
+        for (qsizetype i = 0; i < knownHostileTextCount; ++i)
+            QTest::addRow("%d", int(i)) << texts.at(i);
+    }
+    void stayTextsInARealPlayer()
+    {
+        QFETCH(QString, text);
+        PlayerWindow player;
+        player.model().show(YouTubeContent { text, text }, {});
+        ZEPH_WAIT_UNTIL(
+            player.valueInPage(QStringLiteral("!!(window.stub && stub.options)")) == true);
+        QCOMPARE(player.valueInPage(QStringLiteral("[window.hit, stub.options.videoId,"
+                                                   "stub.options.playerVars.list]")),
+            QJsonValue(QJsonArray { QJsonValue(), text, text }));
+    }
+};
+
+ZEPH_WEB_TEST_MAIN(HostileIdentifiersTest)
+#include "tst_hostile_identifiers.moc"

@@ -1,0 +1,143 @@
+// What the web players do when a page does not come, or goes.
+#include "PlayerWindow.h"
+#include "support/EngineTest.h"
+#include "VideoServices.h"
+#include "WebAddresses.h"
+
+#include <QTest>
+
+#include <csignal>
+
+using namespace zeph;
+using namespace std::chrono_literals;
+
+class WebPlayerFailuresTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit WebPlayerFailuresTest(VideoServices &services) : m_services(services) { }
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        m_services.restore();
+        QCOMPARE(PlayerWindow::takeWarnings(), QStringList());
+    }
+
+    void aServiceThatIsDownAndComesBack_data() { services(); }
+    void aServiceThatIsDownAndComesBack()
+    {
+        QFETCH(QString, address);
+        PlayerWindow player;
+        {
+            m_services.youTube().stop();
+            m_services.ok().stop();
+            const auto comeBack = qScopeGuard([this] {
+                m_services.youTube().start();
+                m_services.ok().start();
+            });
+            player.open(address);
+            ZEPH_WAIT_UNTIL(!player.playerView()->failure().isEmpty());
+        }
+        player.clickRetry();
+        ZEPH_WAIT_UNTIL(player.plays());
+        QCOMPARE(player.playerView()->failure(), QString());
+    }
+
+    void anAnswerThatThereIsNothing_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<int>("status");
+        QTest::newRow("YouTube 404") << video << playerScript << 404;
+        QTest::newRow("YouTube 503") << video << playerScript << 503;
+        QTest::newRow("OK 404") << okVideo << okPage << 404;
+        QTest::newRow("OK 503") << okVideo << okPage << 503;
+    }
+    void anAnswerThatThereIsNothing()
+    {
+        QFETCH(QString, address);
+        QFETCH(QString, path);
+        QFETCH(int, status);
+        TestServer &service = path == okPage ? m_services.ok() : m_services.youTube();
+        service.serveStatus(path, status);
+        PlayerWindow player;
+        player.open(address);
+        ZEPH_WAIT_UNTIL(!player.playerView()->failure().isEmpty());
+        m_services.restore();
+        player.clickRetry();
+        ZEPH_WAIT_UNTIL(player.plays());
+    }
+
+    void aCertificateThatNobodyKnows()
+    {
+        m_services.ok().redirect(okPage, "https://stranger.example/");
+        PlayerWindow player;
+        player.open(okVideo);
+        ZEPH_WAIT_UNTIL(!player.playerView()->failure().isEmpty());
+        QCOMPARE(m_services.stranger().requestCount(QStringLiteral("/")), 0);
+    }
+
+    void aServiceThatIsTooSlow_data()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::addColumn<QString>("path");
+        QTest::newRow("YouTube") << video << playerScript;
+        QTest::newRow("YouTube's frame") << video << videoPage;
+        QTest::newRow("OK") << okVideo << okPage;
+    }
+    void aServiceThatIsTooSlow()
+    {
+        QFETCH(QString, address);
+        QFETCH(QString, path);
+        TestServer &service = path == okPage ? m_services.ok() : m_services.youTube();
+        service.hold(path);
+        PlayerWindow player;
+        player.open(address);
+        player.playerView()->setPatience(500ms);
+        player.playerView()->retry();
+        ZEPH_WAIT_UNTIL(
+            player.playerView()->failure() == QStringLiteral("The video service does not answer."));
+        player.playerView()->setPatience(patience);
+        service.letGo(path);
+        m_services.restore();
+        player.playerView()->retry();
+        ZEPH_WAIT_UNTIL(player.plays());
+    }
+
+    void aRendererThatIsKilled_data() { services(); }
+    void aRendererThatIsKilled()
+    {
+        QFETCH(QString, address);
+        PlayerWindow player;
+        player.open(address);
+        ZEPH_WAIT_UNTIL(player.plays());
+        const auto renderer = [&player] {
+            return player.webView()->property("renderProcessPid").toInt();
+        };
+        const int first = renderer();
+        ::kill(first, SIGKILL);
+        ZEPH_WAIT_UNTIL(renderer() != first && renderer() != 0);
+        ZEPH_WAIT_UNTIL(player.plays());
+        QCOMPARE(player.playerView()->failure(), QString());
+
+        ::kill(renderer(), SIGKILL);
+        ZEPH_WAIT_UNTIL(
+            player.playerView()->failure() == QStringLiteral("The video page has crashed."));
+        player.playerView()->retry();
+        ZEPH_WAIT_UNTIL(player.plays());
+    }
+
+private:
+    void services()
+    {
+        QTest::addColumn<QString>("address");
+        QTest::newRow("YouTube") << video;
+        QTest::newRow("OK") << okVideo;
+    }
+
+    VideoServices &m_services;
+};
+
+ZEPH_WEB_TEST_MAIN(WebPlayerFailuresTest)
+#include "tst_web_player_failures.moc"

@@ -1,0 +1,97 @@
+// Going from one kind of player to another, again and again.
+#include "platform/PlayerSurfaceRegistry.h"
+#include "PlayerWindow.h"
+#include "sources/WebPlayerRegistry.h"
+#include "support/EngineTest.h"
+#include "VideoServices.h"
+#include "WebAddresses.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPointer>
+#include <QTest>
+
+using namespace zeph;
+
+namespace {
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The processes that run pages, of all that this one has begun; dead ones do not count.
+int rendererCount()
+{
+    int count = 0;
+    for (const QString &pid : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        const QString folder = QStringLiteral("/proc/") + pid;
+        count += readFile(folder + QStringLiteral("/cmdline")).contains("--type=renderer")
+            && readFile(folder + QStringLiteral("/environ")).contains(qgetenv("HOME"));
+    }
+    return count;
+}
+
+int descendantCount(const QQuickItem &item)
+{
+    int count = 0;
+    for (const QQuickItem *child : item.childItems())
+        count += 1 + descendantCount(*child);
+    return count;
+}
+
+} // namespace
+
+class WebPlayerSwitchesTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit WebPlayerSwitchesTest(VideoServices &) { }
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(PlayerWindow::takeWarnings(), QStringList()); }
+
+    void leaveNothingBehind()
+    {
+        PlayerWindow player;
+        QQuickItem *nativeView = PlayerSurfaceRegistry::shared().view();
+        QVERIFY(nativeView);
+        const int itemsBefore = descendantCount(*player.window().contentItem());
+        QPointer<QObject> profile;
+
+        for (int i = 0; i < 100; ++i) {
+            player.model().play(longClip(), {}, false);
+            QTRY_COMPARE(PlayerSurfaceRegistry::shared().view(), nativeView);
+            // A page may be left at any time: before there is one, while it loads, and while it
+            // plays.
+            const bool waits = i % 10 == 0;
+            player.open(video);
+            if (waits)
+                ZEPH_WAIT_UNTIL(player.plays());
+            if (i % 3 == 0)
+                ZEPH_WAIT_UNTIL(player.webView());
+            player.open(okVideo);
+            if (waits)
+                ZEPH_WAIT_UNTIL(player.plays());
+            if (i % 3 == 1)
+                ZEPH_WAIT_UNTIL(player.webView());
+            if (player.webView()) {
+                auto *used = player.webView()->property("profile").value<QObject *>();
+                QVERIFY(!profile || profile == used);
+                profile = used;
+            }
+        }
+        player.model().stop();
+        ZEPH_WAIT_UNTIL(!player.playerView());
+        ZEPH_WAIT_UNTIL(descendantCount(*player.window().contentItem()) == itemsBefore);
+        QVERIFY(profile);
+        QCOMPARE(PlayerSurfaceRegistry::shared().view(), nativeView);
+        ZEPH_WAIT_UNTIL(!YouTubePlayerRegistry::shared().webView());
+        ZEPH_WAIT_UNTIL(!OKVideoPlayerRegistry::shared().webView());
+        ZEPH_WAIT_UNTIL(rendererCount() == 0);
+    }
+};
+
+ZEPH_WEB_TEST_MAIN(WebPlayerSwitchesTest)
+#include "tst_web_player_switches.moc"
