@@ -26,6 +26,7 @@ std::string variable(const char *name)
 }
 
 const std::string player = variable("ZEPH_PLAYER");
+const std::string otherPlayer = variable("ZEPH_OTHER_PLAYER");
 const std::string switchClips = variable("ZEPH_SWITCH_CLIPS");
 const std::string emptyWindow = variable("ZEPH_EMPTY_WINDOW");
 const std::string clips = variable("ZEPH_CLIPS");
@@ -69,7 +70,7 @@ void state(benchmark::State &run, const std::string &what, bool isReference, dou
 }
 
 /// Repeats a measurement in seconds and reports its median.
-template<typename Measure>
+template <typename Measure>
 void repeat(benchmark::State &run, const std::string &what, bool isReference, Measure measure)
 {
     std::vector<double> results;
@@ -88,18 +89,54 @@ void repeat(benchmark::State &run, const std::string &what, bool isReference, Me
     state(run, what, isReference, median);
 }
 
-void startUp(benchmark::State &run, const Command &command, const Command &environment,
-             bool isReference)
+std::optional<double> startUpSeconds(
+    Screen &screen, const Command &command, const Command &environment)
+{
+    screen.clear(background);
+    const auto start = Clock::now();
+    const Program program(command, environment);
+    if (!screen.waitFor(300, 12, isLight))
+        return std::nullopt;
+    return Seconds(Clock::now() - start).count();
+}
+
+void startUp(
+    benchmark::State &run, const Command &command, const Command &environment, bool isReference)
 {
     Screen screen;
-    repeat(run, "start-up", isReference, [&]() -> std::optional<double> {
-        screen.clear(background);
-        const auto start = Clock::now();
-        const Program program(command, environment);
-        if (!screen.waitFor(300, 12, isLight))
-            return std::nullopt;
-        return Seconds(Clock::now() - start).count();
-    });
+    repeat(
+        run, "start-up", isReference, [&] { return startUpSeconds(screen, command, environment); });
+}
+
+double memoryOfEmptyWindow(Screen &screen, const std::string &program)
+{
+    screen.clear(background);
+    const Program running({ program });
+    screen.waitFor(300, 12, isLight);
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+    return running.memory();
+}
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+/// This build next to the other one, in turns, so that whatever slows the machine slows both.
+template <typename Measure> void compareBuilds(benchmark::State &run, Measure measure)
+{
+    Screen screen;
+    std::vector<double> ours;
+    std::vector<double> others;
+    for ([[maybe_unused]] auto _ : run) {
+        ours.push_back(measure(screen, player));
+        others.push_back(measure(screen, otherPlayer));
+        run.SetIterationTime(ours.back());
+    }
+    run.counters["this"] = median(ours);
+    run.counters["other"] = median(others);
+    run.counters["ratio"] = median(ours) / median(others);
 }
 
 void emptyWindowMemory(benchmark::State &run, const Command &command, bool isReference)
@@ -134,7 +171,7 @@ void startWithFile(benchmark::State &run, const Command &command, bool isReferen
 }
 
 /// From telling a running player what to play to seeing it: green and red clips in turn.
-template<typename Load>
+template <typename Load>
 void switchBetween(benchmark::State &run, const std::string &what, bool isReference, Load load)
 {
     const std::string folder = what == "switch to file" ? clips + "/" : server;
@@ -160,8 +197,8 @@ void switchInMpv(benchmark::State &run, const std::string &what)
 {
     const std::string path = "/tmp/zeph-bench-" + std::to_string(::getpid());
     Screen().clear(background);
-    const Program program(with(mpv, { "--idle", "--force-window", "--geometry=640x360+0+0",
-                                      "--input-ipc-server=" + path }));
+    const Program program(with(mpv,
+        { "--idle", "--force-window", "--geometry=640x360+0+0", "--input-ipc-server=" + path }));
     const MpvSocket socket(path);
     switchBetween(run, what, true, [&](const std::string &address) { socket.load(address); });
 }
@@ -177,7 +214,7 @@ void switchInPlayer(benchmark::State &run, const std::string &what)
 
 /// Seconds of processor time for a second of playing, in a window of the clip's own size.
 void playing(benchmark::State &run, const std::string &name, int width, int height, bool inMpv,
-             const Command &options)
+    const Command &options)
 {
     constexpr auto time = std::chrono::seconds(6);
     Screen screen;
@@ -196,15 +233,16 @@ void playing(benchmark::State &run, const std::string &name, int width, int heig
         const Seconds before = program.cpuTime();
         const auto start = Clock::now();
         std::this_thread::sleep_for(time);
-        const double perSecond
-            = (program.cpuTime() - before).count() / Seconds(Clock::now() - start).count();
+        const double perSecond =
+            (program.cpuTime() - before).count() / Seconds(Clock::now() - start).count();
         run.SetIterationTime(perSecond);
         run.counters["cpu_s_per_s"] = perSecond;
         state(run, name, inMpv && options.empty(), perSecond);
     }
 }
 
-void add(const std::string &name, int iterations, const std::function<void(benchmark::State &)> &run)
+void add(
+    const std::string &name, int iterations, const std::function<void(benchmark::State &)> &run)
 {
     benchmark::RegisterBenchmark(name.c_str(), run)
         ->Iterations(iterations)
@@ -221,6 +259,16 @@ void addAll()
     add("start-up/player if it linked libmpv", 15,
         [preload](auto &run) { startUp(run, { player }, preload, false); });
 
+    if (!otherPlayer.empty()) {
+        add("start-up/player next to the other build", 40, [](auto &run) {
+            compareBuilds(run, [](Screen &screen, const std::string &program) {
+                return startUpSeconds(screen, { program }, {}).value_or(20);
+            });
+        });
+        add("memory, empty/player next to the other build", 10,
+            [](auto &run) { compareBuilds(run, memoryOfEmptyWindow); });
+    }
+
     const Command idleMpv = with(mpv, { "--idle", "--force-window" });
     add("memory, empty/mpv", 1, [=](auto &run) { emptyWindowMemory(run, idleMpv, true); });
     add("memory, empty/player", 1, [](auto &run) { emptyWindowMemory(run, { player }, false); });
@@ -231,8 +279,7 @@ void addAll()
         [](auto &run) { startWithFile(run, { player }, false); });
 
     for (const std::string what : { "switch to file", "switch to HLS" }) {
-        add(what + " to its first picture/mpv", 20,
-            [what](auto &run) { switchInMpv(run, what); });
+        add(what + " to its first picture/mpv", 20, [what](auto &run) { switchInMpv(run, what); });
         add(what + " to its first picture/player", 20,
             [what](auto &run) { switchInPlayer(run, what); });
     }
@@ -242,7 +289,8 @@ void addAll()
         int width;
         int height;
     };
-    for (const Size size : { Size { "720p30.mp4", 1280, 720 }, Size { "1080p30.mp4", 1920, 1080 } }) {
+    for (const Size size :
+        { Size { "720p30.mp4", 1280, 720 }, Size { "1080p30.mp4", 1920, 1080 } }) {
         const std::string name = "playing " + std::string(size.clip);
         const auto measure = [size](bool inMpv, const Command &options) {
             return [=](benchmark::State &run) {
