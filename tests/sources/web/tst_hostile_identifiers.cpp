@@ -66,23 +66,17 @@ private Q_SLOTS:
         }
     }
 
-    void stayTextsInARealPlayer_data()
-    {
-        QTest::addColumn<QString>("text");
-        const QStringList texts = hostileTexts();
-        for (qsizetype i = 0; i < knownHostileTextCount; ++i)
-            QTest::addRow("%d", int(i)) << texts.at(i);
-    }
     void stayTextsInARealPlayer()
     {
-        QFETCH(QString, text);
         PlayerWindow player;
-        player.model().show(YouTubeContent { text, text }, {});
-        ZEPH_WAIT_UNTIL(
-            player.valueInPage(QStringLiteral("!!(window.stub && stub.options)")) == true);
-        QCOMPARE(player.valueInPage(QStringLiteral("[window.hit, stub.options.videoId,"
-                                                   "stub.options.playerVars.list]")),
-            QJsonValue(QJsonArray { QJsonValue(), text, text }));
+        for (const QString &text : hostileTexts().mid(0, knownHostileTextCount)) {
+            player.model().show(YouTubeContent { text, text }, {});
+            const QJsonArray expected { QJsonValue(), text, text };
+            ZEPH_WAIT_UNTIL(player.valueInPage(QStringLiteral(
+                                "window.stub && stub.options && [window.hit, stub.options.videoId,"
+                                "stub.options.playerVars.list]"))
+                == expected);
+        }
     }
 };
 
