@@ -10,6 +10,9 @@ Loader {
     /// Undefined when there is none.
     property var okVideoContent
 
+    /// By its name, so that a player which shows no page does not load it.
+    readonly property string contents: "WebPlayerContents.qml"
+
     sourceComponent: youtubeContent !== undefined ? youtube
         : okVideoContent !== undefined ? okVideo : null
 
@@ -20,9 +23,9 @@ Loader {
             id: youtubeView
             content: player.youtubeContent
 
-            WebPlayerContents {
+            Loader {
                 anchors.fill: parent
-                view: youtubeView
+                Component.onCompleted: setSource(player.contents, { view: youtubeView })
             }
         }
     }
@@ -34,9 +37,9 @@ Loader {
             id: okVideoView
             content: player.okVideoContent
 
-            WebPlayerContents {
+            Loader {
                 anchors.fill: parent
-                view: okVideoView
+                Component.onCompleted: setSource(player.contents, { view: okVideoView })
             }
         }
     }

@@ -1,6 +1,6 @@
 // Says over a web player why there is nothing to see.
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Controls
 
 Rectangle {
     id: panel

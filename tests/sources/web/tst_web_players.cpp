@@ -6,6 +6,7 @@
 #include "VideoServices.h"
 #include "WebAddresses.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -46,6 +47,13 @@ QJsonValue json(const char *text)
     return QJsonDocument::fromJson(QByteArray("[") + text + ']').array().at(0);
 }
 
+// The libraries and other files in the memory of this process.
+QByteArray loadedFiles()
+{
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    return maps.open(QIODevice::ReadOnly) ? maps.readAll() : QByteArray();
+}
+
 // The last call of the player's script.
 QJsonValue lastCall(PlayerWindow &player)
 {
@@ -65,6 +73,18 @@ private Q_SLOTS:
     {
         m_services.restore();
         QCOMPARE(PlayerWindow::takeWarnings(), QStringList());
+    }
+
+    // The first one, as the browser stays once it is there.
+    void theBrowserIsLoadedForTheFirstPage()
+    {
+        PlayerWindow player;
+        player.model().play(shortClip(), {}, false);
+        ZEPH_WAIT_UNTIL(player.model().currentTime() > 0);
+        QVERIFY(!loadedFiles().contains("WebEngine"));
+        player.open(okVideo);
+        ZEPH_WAIT_UNTIL(player.webView());
+        QVERIFY(loadedFiles().contains("WebEngine"));
     }
 
     void youTubePage_data()
