@@ -26,6 +26,8 @@ public:
     zeph::PlayerModel &model() { return m_model; }
     QQuickView &window() { return m_window; }
 
+    /// The first item of a class; null when there is none.
+    QQuickItem *item(const char *className) const;
     /// The view of the service's player that is shown; null when there is none.
     zeph::WebPlayerView *playerView() const;
     /// The web view in it; null when there is none.
