@@ -90,9 +90,9 @@ void dropped(benchmark::State &state, Mode mode)
     const QSize size(1280, 720);
     const bool isEnlarged = mode != Mode::Normal;
     for ([[maybe_unused]] auto _ : state) {
-        Stage stage(clip("numbered-1080p30.mp4"), size);
         std::mutex mutex;
         std::set<int> numbers;
+        Stage stage(clip("numbered-1080p30.mp4"), size);
         stage.drawn = [&] {
             const int number = numberOnTheWindow(size, isEnlarged ? 1.13 : 1);
             const std::lock_guard lock(mutex);
