@@ -376,8 +376,11 @@ void SmartModeTest::followsTheLargePhotograph(const QString &clip, int faces, do
     Recorder recorder(view);
     QTRY_VERIFY_WITH_TIMEOUT(recorder.isReady(), patience);
     view.setFaceDetector(recorder.detector);
-    video.view().setDisplayMode(Mode::Smart);
     video.open(clip);
+    // Before its shape is known the picture is drawn in the column's.
+    QTRY_COMPARE_WITH_TIMEOUT(
+        video.player().currentItem()->presentationSize(), QSizeF(1280, 720), patience);
+    video.view().setDisplayMode(Mode::Smart);
     video.player().play();
     const double target = (0.5 - place) * 2;
     QTRY_VERIFY_WITH_TIMEOUT(std::abs(view.horizontalPan() - target) < 0.05, patience);
