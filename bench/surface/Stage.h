@@ -56,32 +56,31 @@ class Stage {
 public:
     Stage(const QString &clip, QSize size);
 
-    zeph::MediaPlayer player;
-    QQuickWindow window;
-    zeph::PlayerLayerView view { window.contentItem() };
-    const std::shared_ptr<TimedDetector> detector = std::make_shared<TimedDetector>();
-
+    // What the render thread uses stands before the window, so that it outlives it.
+    Clock::time_point drawingSince;
     /// Milliseconds that the render thread took to draw the last picture into its texture.
     std::atomic<double> lastDrawing = 0;
     /// Called in the render thread when a picture is drawn.
     std::function<void()> drawn;
 
+    zeph::MediaPlayer player;
+    QQuickWindow window;
+    zeph::PlayerLayerView view { window.contentItem() };
+    const std::shared_ptr<TimedDetector> detector = std::make_shared<TimedDetector>();
+
     /// Lets the program run until then.
     static void runUntil(const std::function<bool()> &condition);
-
-private:
-    Clock::time_point m_drawingSince;
 };
 
 inline Stage::Stage(const QString &clip, QSize size)
 {
     // Before the video's own node, which draws in the same signal.
     QObject::connect(
-        &window, &QQuickWindow::beforeRendering, &window, [this] { m_drawingSince = Clock::now(); },
+        &window, &QQuickWindow::beforeRendering, &window, [this] { drawingSince = Clock::now(); },
         Qt::DirectConnection);
     QObject::connect(
         &window, &QQuickWindow::beforeRenderPassRecording, &window,
-        [this] { lastDrawing = millisecondsSince(m_drawingSince); }, Qt::DirectConnection);
+        [this] { lastDrawing = millisecondsSince(drawingSince); }, Qt::DirectConnection);
     QObject::connect(
         &window, &QQuickWindow::afterRendering, &window,
         [this] {
