@@ -172,7 +172,11 @@ public:
     {
         const QImage image(static_cast<const uchar *>(m_pixels), m_size.width(), m_size.height(),
                            qsizetype(m_stride), QImage::Format_RGBX8888);
-        return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        // Averaging over all pixels of 2160p would take longer than drawing them. Those of the step
+        // before the last are enough.
+        const bool isLarge = image.width() > size.width() * 2 || image.height() > size.height() * 2;
+        const QImage halfway = isLarge ? image.scaled(size * 2) : image;
+        return halfway.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
             .convertToFormat(QImage::Format_RGB32);
     }
 
