@@ -17,8 +17,10 @@ target_compile_definitions(zeph_compiler_settings INTERFACE
 target_compile_options(zeph_compiler_settings INTERFACE -Wpedantic -fPIC)
 
 if(ZEPH_SANITIZE)
+    # Objects of Qt WebEngine have no type information for the check of what a pointer points to.
     target_compile_options(zeph_compiler_settings INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
     target_link_options(zeph_compiler_settings INTERFACE -fsanitize=address,undefined)
     add_library(zeph_keep_libraries_loaded OBJECT "${CMAKE_CURRENT_LIST_DIR}/KeepLibrariesLoaded.cpp")
 endif()

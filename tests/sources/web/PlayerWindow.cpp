@@ -30,15 +30,12 @@ QtObject {
     }
 })";
 
-// Of a class or one derived from it. Qt WebEngine's items are built without the type information
-// that the sanitizer looks for.
-[[gnu::no_sanitize("vptr")]] QQuickItem *descendant(const QQuickItem &item, const char *className)
+// Of a class or one derived from it.
+QQuickItem *descendant(const QQuickItem &item, const char *className)
 {
     for (QQuickItem *child : item.childItems()) {
-        for (const QMetaObject *type = child->metaObject(); type; type = type->superClass()) {
-            if (qstrcmp(type->className(), className) == 0)
-                return child;
-        }
+        if (child->inherits(className))
+            return child;
         if (QQuickItem *found = descendant(*child, className))
             return found;
     }

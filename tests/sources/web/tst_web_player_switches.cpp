@@ -33,8 +33,7 @@ int rendererCount()
     return count;
 }
 
-// Some of the items are built without the type information that the sanitizer looks for.
-[[gnu::no_sanitize("vptr")]] int descendantCount(const QQuickItem &item)
+int descendantCount(const QQuickItem &item)
 {
     int count = 0;
     for (const QQuickItem *child : item.childItems())
