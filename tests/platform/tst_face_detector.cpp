@@ -1,17 +1,15 @@
 // Faces are found in photographs, and only there.
 #include "platform/FaceDetector.h"
+#include "support/Patience.h"
 
 #include <QFile>
 #include <QRandomGenerator>
-#include <QTest>
 
 #include <algorithm>
 
 using namespace zeph;
 
 namespace {
-
-constexpr int patience = 20000; // ms
 
 /// One of the photographs of assets/npm.lock, and where its faces are: the middle of each, from the
 /// left, as parts of the picture's width and height.
@@ -104,7 +102,7 @@ void FaceDetectorTest::isLoadedWhenAskedForFirst()
 {
     QVERIFY(!isLoaded("opencv"));
     m_detector = FaceDetector::shared();
-    QTRY_VERIFY_WITH_TIMEOUT(m_detector->isReady(), patience);
+    QTRY_VERIFY(m_detector->isReady());
     QVERIFY(isLoaded("opencv"));
 }
 

@@ -1,4 +1,5 @@
 // A thousand changes of the display mode leave nothing behind.
+#include "support/Patience.h"
 #include "VideoWindow.h"
 
 #include "platform/FaceDetector.h"
@@ -7,7 +8,6 @@
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
 
 #include <atomic>
@@ -16,8 +16,6 @@ using namespace zeph;
 using Mode = PortraitDisplayMode;
 
 namespace {
-
-constexpr int patience = 20000; // ms
 
 /// Counts the objects of the render thread's OpenGL context. Names are given out from 1 upwards,
 /// and again once they are free.
@@ -106,12 +104,11 @@ void ModeSwitchesTest::leaveNothingBehind()
     QFETCH(QByteArray, canvas);
     qputenv("ZEPH_VIDEO_CANVAS", canvas);
     const std::shared_ptr<FaceDetector> detector = FaceDetector::shared();
-    QTRY_VERIFY_WITH_TIMEOUT(detector->isReady(), patience);
+    QTRY_VERIFY(detector->isReady());
     VideoWindow video({ 400, 200 });
     video.open(QStringLiteral("numbered-25.mp4"));
     video.player().play();
-    QTRY_COMPARE_WITH_TIMEOUT(
-        video.player().timeControlStatus(), MediaPlayer::TimeControlStatus::Playing, patience);
+    QTRY_COMPARE(video.player().timeControlStatus(), MediaPlayer::TimeControlStatus::Playing);
     OpenGLObjects openGL(video.window());
 
     // Some are drawn, most are not; in some the smart mode takes a step.
@@ -125,7 +122,7 @@ void ModeSwitchesTest::leaveNothingBehind()
             }
             if (i % 250 == 4) {
                 QSignalSpy fired(&video.hostingView().smartTimer(), &QTimer::timeout);
-                QTRY_VERIFY_WITH_TIMEOUT(!fired.isEmpty(), patience);
+                QTRY_VERIFY(!fired.isEmpty());
             }
             // So that the clip does not end.
             if (i % 100 == 0)

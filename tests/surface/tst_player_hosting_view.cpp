@@ -1,11 +1,11 @@
 // What the native video surface does with its player, its mode and its size.
+#include "support/Patience.h"
 #include "VideoWindow.h"
 
 #include "platform/MediaItemVideoOutput.h"
 #include "platform/PlayerSurfaceRegistry.h"
 #include "platform/VideoLayer.h"
 
-#include <QTest>
 #include <QTimer>
 
 using namespace zeph;
@@ -13,7 +13,6 @@ using Mode = PortraitDisplayMode;
 
 namespace {
 
-constexpr int patience = 20000; // ms
 constexpr double precision = 1e-9;
 
 constexpr QSize size(1000, 500);
@@ -54,8 +53,7 @@ void drag(VideoWindow &video, int dx)
 void openAndWait(VideoWindow &video, const char *clip, QSizeF pictureSize)
 {
     video.open(QString::fromLatin1(clip));
-    QTRY_COMPARE_WITH_TIMEOUT(
-        video.player().currentItem()->presentationSize(), pictureSize, patience);
+    QTRY_COMPARE(video.player().currentItem()->presentationSize(), pictureSize);
 }
 
 } // namespace
@@ -197,7 +195,7 @@ void PlayerHostingViewTest::sameModeAgain()
     layer->setGravity(VideoGravity::ResizeAspect);
     layer->setSize({ 1, 1 });
     const int halfway = view.smartTimer().interval() / 2;
-    QTRY_VERIFY_WITH_TIMEOUT(view.smartTimer().remainingTime() < halfway, patience);
+    QTRY_VERIFY(view.smartTimer().remainingTime() < halfway);
 
     view.setDisplayMode(Mode::Smart);
     QVERIFY(view.smartTimer().remainingTime() < halfway);

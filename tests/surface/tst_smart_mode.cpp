@@ -1,4 +1,5 @@
 // In a real window the column follows the largest face that the picture shows.
+#include "support/Patience.h"
 #include "VideoWindow.h"
 
 #include "platform/FaceDetector.h"
@@ -7,7 +8,6 @@
 #include "surface/SmartReframe.h"
 
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
 
 #include <functional>
@@ -17,7 +17,6 @@ using Mode = PortraitDisplayMode;
 
 namespace {
 
-constexpr int patience = 20000; // ms
 constexpr double precision = 1e-9;
 constexpr QSize size(1000, 500);
 
@@ -159,7 +158,7 @@ void SmartModeTest::init()
 void SmartModeTest::letTimerFire(const PlayerHostingView &view, int times)
 {
     QSignalSpy fired(&view.smartTimer(), &QTimer::timeout);
-    QTRY_VERIFY_WITH_TIMEOUT(fired.count() >= times, patience);
+    QTRY_VERIFY(fired.count() >= times);
 }
 
 void SmartModeTest::stepsTowardsAFace()
@@ -175,7 +174,7 @@ void SmartModeTest::stepsTowardsAFace()
     video.open(QStringLiteral("grid.mkv"));
     video.player().play();
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_VERIFY_WITH_TIMEOUT(pans.count() >= 4, patience);
+    QTRY_VERIFY(pans.count() >= 4);
     const double expected[] = { 0, 0.175, 0.28875, 0.3626875 };
     for (int i = 0; i < 4; ++i)
         QVERIFY(isSame(pans[i], expected[i]));
@@ -197,7 +196,7 @@ void SmartModeTest::firstOfEqualFaces()
     view.setFaceDetector(detector);
     video.open(QStringLiteral("grid.mkv"));
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_COMPARE_WITH_TIMEOUT(detector->calls, 1, patience);
+    QTRY_COMPARE(detector->calls, 1);
     QVERIFY(isSame(view.horizontalPan(), -0.25 * 0.35));
 }
 
@@ -218,7 +217,7 @@ void SmartModeTest::facesPartlyOutside()
     video.hostingView().setFaceDetector(detector);
     video.open(QStringLiteral("grid.mkv"));
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_COMPARE_WITH_TIMEOUT(detector->calls, 1, patience);
+    QTRY_COMPARE(detector->calls, 1);
     QVERIFY(isSame(video.hostingView().horizontalPan(), pan));
 }
 
@@ -228,7 +227,7 @@ void SmartModeTest::decayWithoutFaces()
     VideoWindow video(size);
     PlayerHostingView &view = video.hostingView();
     Recorder recorder(view);
-    QTRY_VERIFY_WITH_TIMEOUT(recorder.isReady(), patience);
+    QTRY_VERIFY(recorder.isReady());
     view.setFaceDetector(recorder.detector);
     video.open(QStringLiteral("grid.mkv"));
     video.player().play();
@@ -237,7 +236,7 @@ void SmartModeTest::decayWithoutFaces()
     QTest::mouseMove(&video.window(), { 850, 250 });
     QTest::mouseRelease(&video.window(), Qt::LeftButton, {}, { 850, 250 });
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_VERIFY_WITH_TIMEOUT(recorder.steps.count() >= 4, patience);
+    QTRY_VERIFY(recorder.steps.count() >= 4);
     const double expected[] = { 1, 0.65, 0.4225, 0.274625 };
     for (int i = 0; i < 4; ++i) {
         QVERIFY(recorder.steps[i].faces.isEmpty());
@@ -254,11 +253,10 @@ void SmartModeTest::portraitPictureStaysWhereItIs()
     view.setFaceDetector(detector);
     video.open(QStringLiteral("grid-tall.mkv"));
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_COMPARE_WITH_TIMEOUT(
-        video.player().currentItem()->presentationSize(), QSizeF(540, 1200), patience);
+    QTRY_COMPARE(video.player().currentItem()->presentationSize(), QSizeF(540, 1200));
     const QPointF position = view.playerLayer().position();
     detector->ready = true;
-    QTRY_COMPARE_WITH_TIMEOUT(detector->calls, 1, patience);
+    QTRY_COMPARE(detector->calls, 1);
     QVERIFY(isSame(view.horizontalPan(), 0.175));
     QCOMPARE(view.playerLayer().position(), position);
 }
@@ -272,18 +270,18 @@ void SmartModeTest::leavingKeepsThePan()
     video.open(QStringLiteral("grid.mkv"));
     video.player().play();
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_VERIFY_WITH_TIMEOUT(detector->calls >= 1, patience);
+    QTRY_VERIFY(detector->calls >= 1);
     const double pan = view.horizontalPan();
     const int calls = detector->calls;
     video.view().setDisplayMode(Mode::Manual);
     QCOMPARE(view.horizontalPan(), pan);
     // Nobody looks at what is shown from now on.
-    QTRY_VERIFY_WITH_TIMEOUT(video.player().currentTime() > 2, patience);
+    QTRY_VERIFY(video.player().currentTime() > 2);
     QCOMPARE(detector->calls, calls);
     QCOMPARE(view.horizontalPan(), pan);
     // Back again it goes on from there.
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_COMPARE_WITH_TIMEOUT(detector->calls, calls + 1, patience);
+    QTRY_COMPARE(detector->calls, calls + 1);
     QVERIFY(isSame(view.horizontalPan(), pan + (0.5 - pan) * 0.35));
 }
 
@@ -295,7 +293,7 @@ void SmartModeTest::pausedPictureIsLookedAtOnce()
     view.setFaceDetector(detector);
     video.open(QStringLiteral("numbered-25.mp4"));
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_COMPARE_WITH_TIMEOUT(detector->calls, 1, patience);
+    QTRY_COMPARE(detector->calls, 1);
     QVERIFY(isSame(view.horizontalPan(), 0.175));
     letTimerFire(view, 3);
     // Drawing it elsewhere or in another size does not make it new.
@@ -305,7 +303,7 @@ void SmartModeTest::pausedPictureIsLookedAtOnce()
     QVERIFY(isSame(view.horizontalPan(), 0.175));
 
     video.player().seek(3);
-    QTRY_COMPARE_WITH_TIMEOUT(detector->calls, 2, patience);
+    QTRY_COMPARE(detector->calls, 2);
     letTimerFire(view, 3);
     QCOMPARE(detector->calls, 2);
     QVERIFY(isSame(view.horizontalPan(), 0.28875));
@@ -321,7 +319,7 @@ void SmartModeTest::nothingToLookAt()
     letTimerFire(view, 2);
     video.open(QStringLiteral("clip.mp3"));
     video.player().play();
-    QTRY_VERIFY_WITH_TIMEOUT(video.isOpen(), patience);
+    QTRY_VERIFY(video.isOpen());
     letTimerFire(view, 2);
     video.player().replaceCurrentItem(nullptr);
     letTimerFire(view, 2);
@@ -340,12 +338,12 @@ void SmartModeTest::picturesWaitForTheDetector()
     view.setFaceDetector(detector);
     video.open(QStringLiteral("grid.mkv"));
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_VERIFY_WITH_TIMEOUT(view.videoOutput()->hasNewPixelBuffer(), patience);
+    QTRY_VERIFY(view.videoOutput()->hasNewPixelBuffer());
     letTimerFire(view, 2);
     QCOMPARE(detector->calls, 0);
     QVERIFY(view.videoOutput()->hasNewPixelBuffer());
     detector->ready = true;
-    QTRY_COMPARE_WITH_TIMEOUT(detector->calls, 1, patience);
+    QTRY_COMPARE(detector->calls, 1);
     QVERIFY(!view.videoOutput()->hasNewPixelBuffer());
 }
 
@@ -358,7 +356,7 @@ void SmartModeTest::windowGoesWhileACopyIsMade()
         video.open(QStringLiteral("grid.mkv"));
         video.player().play();
         video.view().setDisplayMode(Mode::Smart);
-        QTRY_VERIFY_WITH_TIMEOUT(video.hostingView().videoOutput()->hasNewPixelBuffer(), patience);
+        QTRY_VERIFY(video.hostingView().videoOutput()->hasNewPixelBuffer());
         // The timer is slow; what it does is asked for at once, and not waited for.
         QVERIFY(QMetaObject::invokeMethod(
             const_cast<QTimer *>(&video.hostingView().smartTimer()), "timeout"));
@@ -374,19 +372,17 @@ void SmartModeTest::followsTheLargePhotograph(const QString &clip, int faces, do
     VideoWindow video(size);
     PlayerHostingView &view = video.hostingView();
     Recorder recorder(view);
-    QTRY_VERIFY_WITH_TIMEOUT(recorder.isReady(), patience);
+    QTRY_VERIFY(recorder.isReady());
     view.setFaceDetector(recorder.detector);
     video.open(clip);
     // Before its shape is known the picture is drawn in the column's.
-    QTRY_COMPARE_WITH_TIMEOUT(
-        video.player().currentItem()->presentationSize(), QSizeF(1280, 720), patience);
+    QTRY_COMPARE(video.player().currentItem()->presentationSize(), QSizeF(1280, 720));
     video.view().setDisplayMode(Mode::Smart);
     video.player().play();
     const double target = (0.5 - place) * 2;
-    QTRY_VERIFY_WITH_TIMEOUT(std::abs(view.horizontalPan() - target) < 0.05, patience);
-    QTRY_VERIFY_WITH_TIMEOUT(
-        std::abs(recorder.steps.last().truth - place) < 0.01 && video.player().currentTime() > 6,
-        patience);
+    QTRY_VERIFY(std::abs(view.horizontalPan() - target) < 0.05);
+    QTRY_VERIFY(
+        std::abs(recorder.steps.last().truth - place) < 0.01 && video.player().currentTime() > 6);
 
     const QList<Step> &steps = recorder.steps;
     QVERIFY(steps.count() >= 8);
@@ -413,7 +409,7 @@ void SmartModeTest::followsTheLargePhotograph(const QString &clip, int faces, do
         const Extent photograph = photographIn(video.screen().copy(360, 0, 280, 500), row);
         return place > 0.5 ? photograph.left : photograph.right;
     };
-    QTRY_VERIFY_WITH_TIMEOUT(std::abs(edgeOnTheScreen() - expected) < 3, patience);
+    QTRY_VERIFY(std::abs(edgeOnTheScreen() - expected) < 3);
 }
 
 void SmartModeTest::followsOneFace()
@@ -445,11 +441,11 @@ void SmartModeTest::oddPictures()
     qputenv("ZEPH_VIDEO_CANVAS", canvas);
     VideoWindow video({ 600, 400 });
     Recorder recorder(video.hostingView());
-    QTRY_VERIFY_WITH_TIMEOUT(recorder.isReady(), patience);
+    QTRY_VERIFY(recorder.isReady());
     video.hostingView().setFaceDetector(recorder.detector);
     video.open(clip);
     video.view().setDisplayMode(Mode::Smart);
-    QTRY_COMPARE_WITH_TIMEOUT(recorder.steps.count(), 1, patience);
+    QTRY_COMPARE(recorder.steps.count(), 1);
     QVERIFY(recorder.steps.first().faces.isEmpty());
     QCOMPARE(video.hostingView().horizontalPan(), 0.0);
 }

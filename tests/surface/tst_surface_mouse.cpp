@@ -1,4 +1,5 @@
 // Clicks and drags on the native video surface.
+#include "support/Patience.h"
 #include "VideoWindow.h"
 
 #include "platform/NotificationCenter.h"
@@ -9,14 +10,12 @@
 #include <QRegularExpression>
 #include <QScreen>
 #include <QStyleHints>
-#include <QTest>
 
 using namespace zeph;
 using Mode = PortraitDisplayMode;
 
 namespace {
 
-constexpr int patience = 20000; // ms
 constexpr QSize size(1000, 500);
 constexpr QPoint middle(500, 250);
 
@@ -188,8 +187,7 @@ void SurfaceMouseTest::doubleClickFillsTheScreen()
     // That of its first press alone.
     QCOMPARE(clicks.count(), 1);
 
-    QTRY_COMPARE_WITH_TIMEOUT(
-        video.window().geometry(), video.window().screen()->geometry(), patience);
+    QTRY_COMPARE(video.window().geometry(), video.window().screen()->geometry());
     // Elsewhere, or it would be the third and fourth press of the same.
     QTest::mouseDClick(&video.window(), Qt::LeftButton, {}, { 100, 100 });
     QVERIFY(!(video.window().windowStates() & Qt::WindowFullScreen));
@@ -346,7 +344,7 @@ void SurfaceMouseTest::dragMovesTheWindow()
     const int before = xOnTheScreen(video.window());
     const QPoint start = video.window().mapToGlobal(middle);
     QVERIFY(xdotool(moveTo(start) + QStringLiteral(" mousedown 1")));
-    QTRY_COMPARE_WITH_TIMEOUT(clicks.count(), 1, patience);
+    QTRY_COMPARE(clicks.count(), 1);
 
     int distance = 0;
     const auto isDragged = [&] {
@@ -355,7 +353,7 @@ void SurfaceMouseTest::dragMovesTheWindow()
         return mode == Mode::Manual ? video.hostingView().horizontalPan() > 0.5
                                     : xOnTheScreen(video.window()) > before + 100;
     };
-    QTRY_VERIFY_WITH_TIMEOUT(isDragged(), patience);
+    QTRY_VERIFY(isDragged());
     QVERIFY(xdotool(QStringLiteral("mouseup 1")));
     if (mode == Mode::Manual)
         QCOMPARE(xOnTheScreen(video.window()), before);
@@ -377,9 +375,9 @@ void SurfaceMouseTest::doubleClickSurvivesADragOfNothing()
     const Clicks clicks;
     QVERIFY(xdotool(moveTo(video.window().mapToGlobal(middle))
         + QStringLiteral(" mousedown 1 mousemove_relative 3 0 mouseup 1")));
-    QTRY_COMPARE_WITH_TIMEOUT(clicks.count(), 1, patience);
+    QTRY_COMPARE(clicks.count(), 1);
     QVERIFY(xdotool(QStringLiteral("click 1")));
-    QTRY_COMPARE_WITH_TIMEOUT(video.window().visibility(), QWindow::FullScreen, patience);
+    QTRY_COMPARE(video.window().visibility(), QWindow::FullScreen);
     QCOMPARE(clicks.count(), 1);
     settings->setMouseDoubleClickInterval(interval);
 }

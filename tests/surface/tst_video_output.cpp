@@ -1,16 +1,14 @@
 // Small copies of the pictures that are shown: which, when, and what is in them.
+#include "support/Patience.h"
 #include "VideoWindow.h"
 
 #include "platform/MediaItemVideoOutput.h"
 
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace zeph;
 
 namespace {
-
-constexpr int patience = 20000; // ms
 
 bool isNear(QColor colour, QColor expected)
 {
@@ -107,7 +105,7 @@ void VideoOutputTest::drawSomePictures(VideoWindow &video)
     QSignalSpy drawn(&video.window(), &QQuickWindow::frameSwapped);
     for (int i = 1; i <= 3; ++i) {
         video.window().update();
-        QTRY_VERIFY_WITH_TIMEOUT(drawn.count() >= i, patience);
+        QTRY_VERIFY(drawn.count() >= i);
     }
 }
 
@@ -118,7 +116,7 @@ void VideoOutputTest::isUprightInKnownColours()
     video.open(QStringLiteral("colours.mp4"));
     Output output(video, { 32, 24 });
     output.ask();
-    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+    QTRY_COMPARE(output.copies.count(), 1);
 
     const QImage copy = output.copies.first();
     QCOMPARE(copy.size(), QSize(32, 24));
@@ -138,13 +136,12 @@ void VideoOutputTest::isTurnedAsItIsSeen()
     VideoWindow video({ 640, 360 });
     video.view().setDisplayMode(PortraitDisplayMode::Manual);
     video.open(QStringLiteral("colours-rotated.mp4"));
-    QTRY_COMPARE_WITH_TIMEOUT(
-        video.player().currentItem()->presentationSize(), QSizeF(180, 320), patience);
+    QTRY_COMPARE(video.player().currentItem()->presentationSize(), QSizeF(180, 320));
     drawSomePictures(video);
     Output output(video, { 40, 30 });
     output.ask();
     video.player().seek(1);
-    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+    QTRY_COMPARE(output.copies.count(), 1);
 
     QCOMPARE(output.copies.first().size(), QSize(40, 30));
     const QImage reference(clipPath(QStringLiteral("colours-rotated.png")));
@@ -176,7 +173,7 @@ void VideoOutputTest::isOfTheWantedSize()
         video.open(clip);
         Output output(video, size);
         output.ask();
-        QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+        QTRY_COMPARE(output.copies.count(), 1);
         QCOMPARE(output.copies.first().size(), size);
     }
 }
@@ -188,9 +185,9 @@ void VideoOutputTest::noPictureTwice()
     video.open(QStringLiteral("numbered-25.mp4"));
     Output output(video, stripes);
     QVERIFY(!output.tap.hasNewPixelBuffer());
-    QTRY_VERIFY_WITH_TIMEOUT(output.tap.hasNewPixelBuffer(), patience);
+    QTRY_VERIFY(output.tap.hasNewPixelBuffer());
     output.ask();
-    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+    QTRY_COMPARE(output.copies.count(), 1);
     QCOMPARE(numberIn(output.copies.first()), 0);
     QVERIFY(!output.tap.hasNewPixelBuffer());
 
@@ -203,7 +200,7 @@ void VideoOutputTest::noPictureTwice()
     QCOMPARE(output.copies.count(), 1);
 
     video.player().seek(4);
-    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 2, patience);
+    QTRY_COMPARE(output.copies.count(), 2);
     QCOMPARE(numberIn(output.copies.last()), 100);
 }
 
@@ -215,10 +212,10 @@ void VideoOutputTest::isTheNewestWhilePlaying()
     Output output(video, stripes);
     video.player().play();
     for (int i = 1; i <= 5; ++i) {
-        QTRY_VERIFY_WITH_TIMEOUT(output.tap.hasNewPixelBuffer(), patience);
+        QTRY_VERIFY(output.tap.hasNewPixelBuffer());
         const int shown = video.pictureNumber();
         output.ask();
-        QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), i, patience);
+        QTRY_COMPARE(output.copies.count(), i);
         QVERIFY(numberIn(output.copies.last()) >= shown);
         if (i > 1)
             QVERIFY(numberIn(output.copies[i - 1]) > numberIn(output.copies[i - 2]));
@@ -233,7 +230,7 @@ void VideoOutputTest::lastReceiverCounts()
     int replaced = 0;
     output.tap.copyPixelBuffer([&replaced](const QImage &) { ++replaced; });
     output.ask();
-    QTRY_COMPARE_WITH_TIMEOUT(output.copies.count(), 1, patience);
+    QTRY_COMPARE(output.copies.count(), 1);
     QCOMPARE(replaced, 0);
 }
 
@@ -242,15 +239,15 @@ void VideoOutputTest::nothingOfOtherItems()
     VideoWindow video({ 640, 360 });
     video.open(QStringLiteral("numbered-25.mp4"));
     Output first(video, stripes);
-    QTRY_VERIFY_WITH_TIMEOUT(first.tap.hasNewPixelBuffer(), patience);
+    QTRY_VERIFY(first.tap.hasNewPixelBuffer());
     first.ask();
-    QTRY_COMPARE_WITH_TIMEOUT(first.copies.count(), 1, patience);
+    QTRY_COMPARE(first.copies.count(), 1);
 
     first.ask();
     video.open(QStringLiteral("numbered-24.mkv"));
     Output second(video, stripes);
     second.ask();
-    QTRY_COMPARE_WITH_TIMEOUT(second.copies.count(), 1, patience);
+    QTRY_COMPARE(second.copies.count(), 1);
     QVERIFY(!first.tap.hasNewPixelBuffer());
     QCOMPARE(first.copies.count(), 1);
 
@@ -258,7 +255,7 @@ void VideoOutputTest::nothingOfOtherItems()
     drawSomePictures(video);
     second.ask();
     video.player().seek(4);
-    QTRY_COMPARE_WITH_TIMEOUT(video.pictureNumber(), 95, patience);
+    QTRY_COMPARE(video.pictureNumber(), 95);
     QVERIFY(!second.tap.hasNewPixelBuffer());
     QCOMPARE(second.copies.count(), 1);
 }
@@ -269,7 +266,7 @@ void VideoOutputTest::nothingWithoutAPicture()
     video.open(QStringLiteral("clip.mp3"));
     Output output(video, stripes);
     output.ask();
-    QTRY_VERIFY_WITH_TIMEOUT(video.isOpen(), patience);
+    QTRY_VERIFY(video.isOpen());
     drawSomePictures(video);
     QVERIFY(!output.tap.hasNewPixelBuffer());
     QVERIFY(output.copies.isEmpty());

@@ -53,7 +53,7 @@ private Q_SLOTS:
     {
         PlayerWindow player;
         player.open(video);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         // A script of all of them would be too long for the browser.
         const QStringList texts = hostileTexts();
         for (qsizetype begin = 0; begin < texts.size(); begin += 100) {
@@ -72,9 +72,9 @@ private Q_SLOTS:
         for (const QString &text : hostileTexts().mid(0, knownHostileTextCount)) {
             player.model().show(YouTubeContent { text, text }, {});
             const QJsonArray expected { QJsonValue(), text, text };
-            ZEPH_WAIT_UNTIL(player.valueInPage(QStringLiteral(
-                                "window.stub && stub.options && [window.hit, stub.options.videoId,"
-                                "stub.options.playerVars.list]"))
+            QTRY_VERIFY(player.valueInPage(QStringLiteral(
+                            "window.stub && stub.options && [window.hit, stub.options.videoId,"
+                            "stub.options.playerVars.list]"))
                 == expected);
         }
     }

@@ -67,7 +67,7 @@ private Q_SLOTS:
     {
         PlayerWindow player;
         showPage(player, "<a target=_blank href='https://www.youtube.com/channel'>More</a>");
-        ZEPH_WAIT_UNTIL((player.click(), !m_outside.opened.isEmpty()));
+        QTRY_VERIFY((player.click(), !m_outside.opened.isEmpty()));
         QCOMPARE(m_outside.opened.first(), QUrl(QStringLiteral("https://www.youtube.com/channel")));
         QCOMPARE(windowCount(), 1);
         m_outside.opened.clear();
@@ -95,7 +95,7 @@ private Q_SLOTS:
         showPage(player,
             "<a target=_blank onclick='++clicks' href='" + link.toUtf8()
                 + "'>New window</a><script>var clicks = 0;</script>");
-        ZEPH_WAIT_UNTIL((player.click(), player.valueInPage(QStringLiteral("clicks")).toInt() > 0));
+        QTRY_VERIFY((player.click(), player.valueInPage(QStringLiteral("clicks")).toInt() > 0));
         // In this window it does not get away either.
         (void)player.valueInPage(QStringLiteral("location = '%1'").arg(link));
         QCOMPARE(windowCount(), 1);
@@ -106,7 +106,7 @@ private Q_SLOTS:
     {
         PlayerWindow player;
         showPage(player, "<a href='https://www.youtube.com/embed/abc'>Elsewhere</a>");
-        ZEPH_WAIT_UNTIL((player.click(), player.valueInPage(QStringLiteral("location.host")))
+        QTRY_VERIFY((player.click(), player.valueInPage(QStringLiteral("location.host")))
             == QStringLiteral("www.youtube.com"));
     }
 
@@ -138,7 +138,7 @@ private Q_SLOTS:
             QStringLiteral("(async function () { var outcome = 'given'; try { await %1; } "
                            "catch (error) { outcome = 'denied'; } window.outcome = outcome; })()")
                 .arg(request));
-        ZEPH_WAIT_UNTIL(player.valueInPage(QStringLiteral("window.outcome")).isString());
+        QTRY_VERIFY(player.valueInPage(QStringLiteral("window.outcome")).isString());
         QCOMPARE(player.valueInPage(QStringLiteral("window.outcome")), QStringLiteral("denied"));
         QCOMPARE(windowCount(), 1);
     }
@@ -175,9 +175,9 @@ private Q_SLOTS:
             "onbeforeunload = event => { event.preventDefault(); return event.returnValue = "
             "'Stay'; };"
             "</script>");
-        ZEPH_WAIT_UNTIL((player.click(), player.valueInPage(QStringLiteral("clicked"))) == true);
+        QTRY_VERIFY((player.click(), player.valueInPage(QStringLiteral("clicked"))) == true);
         player.model().stop();
-        ZEPH_WAIT_UNTIL(!player.playerView());
+        QTRY_VERIFY(!player.playerView());
     }
 
     void filesAreNotChosen()
@@ -185,7 +185,7 @@ private Q_SLOTS:
         PlayerWindow player;
         showPage(player,
             "<input type=file onclick='clicked = true'><script>var clicked = false;</script>");
-        ZEPH_WAIT_UNTIL((player.click(), player.valueInPage(QStringLiteral("clicked"))) == true);
+        QTRY_VERIFY((player.click(), player.valueInPage(QStringLiteral("clicked"))) == true);
         QCOMPARE(windowCount(), 1);
         QCOMPARE(player.valueInPage(QStringLiteral("document.querySelector('input').files.length")),
             QJsonValue(0));
@@ -197,7 +197,7 @@ private Q_SLOTS:
         m_services.ok().serve(path, "bytes", "application/octet-stream");
         PlayerWindow player;
         showPage(player, "<a download href='/download'>Download</a>");
-        ZEPH_WAIT_UNTIL((player.click(), m_services.ok().answeredCount(path)) > 0);
+        QTRY_VERIFY((player.click(), m_services.ok().answeredCount(path)) > 0);
         QCOMPARE(player.valueInPage(QStringLiteral("location.pathname")), okPage);
     }
 
@@ -206,7 +206,7 @@ private Q_SLOTS:
         PlayerWindow player;
         showPage(player,
             "<p oncontextmenu='wanted = true'>Text</p><script>var wanted = false;</script>");
-        ZEPH_WAIT_UNTIL(
+        QTRY_VERIFY(
             (player.click(Qt::RightButton), player.valueInPage(QStringLiteral("wanted"))) == true);
         QCOMPARE(windowCount(), 1);
         QVERIFY(!player.item("QQuickPopupItem"));
@@ -235,8 +235,8 @@ private:
                 + elements,
             "text/html; charset=utf-8");
         player.open(okVideo);
-        ZEPH_WAIT_UNTIL(player.valueInPage(QStringLiteral("location.pathname")) == okPage);
-        ZEPH_WAIT_UNTIL(player.valueInPage(QStringLiteral("document.readyState"))
+        QTRY_VERIFY(player.valueInPage(QStringLiteral("location.pathname")) == okPage);
+        QTRY_VERIFY(player.valueInPage(QStringLiteral("document.readyState"))
             == QStringLiteral("complete"));
     }
 

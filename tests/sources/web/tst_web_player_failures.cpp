@@ -37,10 +37,10 @@ private Q_SLOTS:
                 m_services.ok().start();
             });
             player.open(address);
-            ZEPH_WAIT_UNTIL(!player.playerView()->failure().isEmpty());
+            QTRY_VERIFY(!player.playerView()->failure().isEmpty());
         }
         player.clickRetry();
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         QCOMPARE(player.playerView()->failure(), QString());
     }
 
@@ -63,10 +63,10 @@ private Q_SLOTS:
         service.serveStatus(path, status);
         PlayerWindow player;
         player.open(address);
-        ZEPH_WAIT_UNTIL(!player.playerView()->failure().isEmpty());
+        QTRY_VERIFY(!player.playerView()->failure().isEmpty());
         m_services.restore();
         player.clickRetry();
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
     }
 
     void aCertificateThatNobodyKnows()
@@ -74,7 +74,7 @@ private Q_SLOTS:
         m_services.ok().redirect(okPage, "https://stranger.example/");
         PlayerWindow player;
         player.open(okVideo);
-        ZEPH_WAIT_UNTIL(!player.playerView()->failure().isEmpty());
+        QTRY_VERIFY(!player.playerView()->failure().isEmpty());
         QCOMPARE(m_services.stranger().requestCount(QStringLiteral("/")), 0);
     }
 
@@ -96,13 +96,13 @@ private Q_SLOTS:
         player.open(address);
         player.playerView()->setPatience(500ms);
         player.playerView()->retry();
-        ZEPH_WAIT_UNTIL(
+        QTRY_VERIFY(
             player.playerView()->failure() == QStringLiteral("The video service does not answer."));
-        player.playerView()->setPatience(patience);
+        player.playerView()->setPatience(std::chrono::milliseconds(patience));
         service.letGo(path);
         m_services.restore();
         player.playerView()->retry();
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
     }
 
     void aRendererThatIsKilled_data() { services(); }
@@ -111,21 +111,21 @@ private Q_SLOTS:
         QFETCH(QString, address);
         PlayerWindow player;
         player.open(address);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         const auto renderer = [&player] {
             return player.webView()->property("renderProcessPid").toInt();
         };
         const int first = renderer();
         ::kill(first, SIGKILL);
-        ZEPH_WAIT_UNTIL(renderer() != first && renderer() != 0);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(renderer() != first && renderer() != 0);
+        QTRY_VERIFY(player.plays());
         QCOMPARE(player.playerView()->failure(), QString());
 
         ::kill(renderer(), SIGKILL);
-        ZEPH_WAIT_UNTIL(
+        QTRY_VERIFY(
             player.playerView()->failure() == QStringLiteral("The video page has crashed."));
         player.playerView()->retry();
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
     }
 
 private:

@@ -68,14 +68,14 @@ private Q_SLOTS:
             const bool waits = i % 10 == 0;
             player.open(video);
             if (waits)
-                ZEPH_WAIT_UNTIL(player.plays());
+                QTRY_VERIFY(player.plays());
             if (i % 3 == 0)
-                ZEPH_WAIT_UNTIL(player.webView());
+                QTRY_VERIFY(player.webView());
             player.open(okVideo);
             if (waits)
-                ZEPH_WAIT_UNTIL(player.plays());
+                QTRY_VERIFY(player.plays());
             if (i % 3 == 1)
-                ZEPH_WAIT_UNTIL(player.webView());
+                QTRY_VERIFY(player.webView());
             if (player.webView()) {
                 auto *used = player.webView()->property("profile").value<QObject *>();
                 QVERIFY(!profile || profile == used);
@@ -83,13 +83,13 @@ private Q_SLOTS:
             }
         }
         player.model().stop();
-        ZEPH_WAIT_UNTIL(!player.playerView());
-        ZEPH_WAIT_UNTIL(descendantCount(*player.window().contentItem()) == itemsBefore);
+        QTRY_VERIFY(!player.playerView());
+        QTRY_VERIFY(descendantCount(*player.window().contentItem()) == itemsBefore);
         QVERIFY(profile);
         QCOMPARE(PlayerSurfaceRegistry::shared().view(), nativeView);
-        ZEPH_WAIT_UNTIL(!YouTubePlayerRegistry::shared().webView());
-        ZEPH_WAIT_UNTIL(!OKVideoPlayerRegistry::shared().webView());
-        ZEPH_WAIT_UNTIL(rendererCount() == 0);
+        QTRY_VERIFY(!YouTubePlayerRegistry::shared().webView());
+        QTRY_VERIFY(!OKVideoPlayerRegistry::shared().webView());
+        QTRY_VERIFY(rendererCount() == 0);
     }
 };
 

@@ -5,10 +5,10 @@
 #include "sources/web/YouTubePage.h"
 #include "sources/web/YouTubePlayerView.h"
 #include "sources/WebPlayerRegistry.h"
+#include "support/Patience.h"
 
 #include <QQuickWindow>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <unistd.h>
 

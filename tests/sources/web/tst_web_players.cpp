@@ -80,10 +80,10 @@ private Q_SLOTS:
     {
         PlayerWindow player;
         player.model().play(shortClip(), {}, false);
-        ZEPH_WAIT_UNTIL(player.model().currentTime() > 0);
+        QTRY_VERIFY(player.model().currentTime() > 0);
         QVERIFY(!loadedFiles().contains("WebEngine"));
         player.open(okVideo);
-        ZEPH_WAIT_UNTIL(player.webView());
+        QTRY_VERIFY(player.webView());
         QVERIFY(loadedFiles().contains("WebEngine"));
     }
 
@@ -105,7 +105,7 @@ private Q_SLOTS:
 
         PlayerWindow player;
         player.open(address);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         QCOMPARE(player.valueInPage(QStringLiteral("stub.options")).toObject(), options);
         QCOMPARE(player.valueInPage(QStringLiteral("origin")),
             QStringLiteral("https://zephplayer.example"));
@@ -118,7 +118,7 @@ private Q_SLOTS:
     {
         PlayerWindow player;
         player.open(okVideo);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         QCOMPARE(player.valueInPage(QStringLiteral("location.href")),
             QStringLiteral("https://ok.ru/videoembed/123?autoplay=1&nochat=1"));
         QCOMPARE(m_services.ok().lastHeader(okPage, "Referer"), QByteArray("https://ok.ru/"));
@@ -129,31 +129,31 @@ private Q_SLOTS:
         PlayerWindow player;
         PlayerModel &model = player.model();
         player.open(video);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
 
         model.togglePlayback();
-        ZEPH_WAIT_UNTIL(player.videoValue("paused") == true);
+        QTRY_VERIFY(player.videoValue("paused") == true);
         QCOMPARE(lastCall(player), json("[\"pauseVideo\"]"));
         const double position = player.videoValue("currentTime").toDouble();
         model.skip(10);
-        ZEPH_WAIT_UNTIL(player.videoValue("currentTime").toDouble() >= position + 10);
+        QTRY_VERIFY(player.videoValue("currentTime").toDouble() >= position + 10);
         QCOMPARE(lastCall(player),
             QJsonValue(QJsonArray { QStringLiteral("seekTo"), position + 10, true }));
         model.skip(-300);
-        ZEPH_WAIT_UNTIL(player.videoValue("currentTime") == 0);
+        QTRY_VERIFY(player.videoValue("currentTime") == 0);
         QCOMPARE(lastCall(player), json("[\"seekTo\", 0, true]"));
         model.toggleMute();
-        ZEPH_WAIT_UNTIL(player.videoValue("muted") == true);
+        QTRY_VERIFY(player.videoValue("muted") == true);
         QCOMPARE(lastCall(player), json("[\"mute\"]"));
         model.toggleMute();
-        ZEPH_WAIT_UNTIL(player.videoValue("muted") == false);
+        QTRY_VERIFY(player.videoValue("muted") == false);
         model.toggleMute();
         model.setVolume(0.35);
-        ZEPH_WAIT_UNTIL(player.videoValue("volume") == 0.35);
+        QTRY_VERIFY(player.videoValue("volume") == 0.35);
         QCOMPARE(player.videoValue("muted"), false);
         QCOMPARE(lastCall(player), json("[\"setVolume\", 35]"));
         model.togglePlayback();
-        ZEPH_WAIT_UNTIL(player.videoValue("paused") == false);
+        QTRY_VERIFY(player.videoValue("paused") == false);
         QCOMPARE(lastCall(player), json("[\"playVideo\"]"));
     }
 
@@ -162,22 +162,22 @@ private Q_SLOTS:
         PlayerWindow player;
         PlayerModel &model = player.model();
         player.open(okVideo);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
 
         model.togglePlayback();
-        ZEPH_WAIT_UNTIL(player.videoValue("paused") == true);
+        QTRY_VERIFY(player.videoValue("paused") == true);
         const double position = player.videoValue("currentTime").toDouble();
         model.skip(10);
-        ZEPH_WAIT_UNTIL(player.videoValue("currentTime") == position + 10);
+        QTRY_VERIFY(player.videoValue("currentTime") == position + 10);
         model.skip(-300);
-        ZEPH_WAIT_UNTIL(player.videoValue("currentTime") == 0);
+        QTRY_VERIFY(player.videoValue("currentTime") == 0);
         model.toggleMute();
-        ZEPH_WAIT_UNTIL(player.videoValue("muted") == true);
+        QTRY_VERIFY(player.videoValue("muted") == true);
         model.setVolume(0.35);
-        ZEPH_WAIT_UNTIL(player.videoValue("volume") == 0.35);
+        QTRY_VERIFY(player.videoValue("volume") == 0.35);
         QCOMPARE(player.videoValue("muted"), false);
         model.togglePlayback();
-        ZEPH_WAIT_UNTIL(player.videoValue("paused") == false);
+        QTRY_VERIFY(player.videoValue("paused") == false);
     }
 
     void earlyCommandsRunInTheirOrder_data() { services(); }
@@ -189,8 +189,8 @@ private Q_SLOTS:
         player.model().setVolume(0.5);
         player.model().setVolume(0.25);
         player.model().toggleMute();
-        ZEPH_WAIT_UNTIL(player.plays());
-        ZEPH_WAIT_UNTIL(player.videoValue("muted") == true);
+        QTRY_VERIFY(player.plays());
+        QTRY_VERIFY(player.videoValue("muted") == true);
         QCOMPARE(player.videoValue("volume"), 0.25);
         if (player.model().youtubeContent()) {
             QCOMPARE(player.valueInPage(QStringLiteral("stub.calls")),
@@ -206,7 +206,7 @@ private Q_SLOTS:
         OKVideoPlayerRegistry::shared().setMuted(true);
         QCoreApplication::processEvents();
         player.open(okVideo);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         QCOMPARE(player.videoValue("muted"), false);
     }
 
@@ -215,15 +215,15 @@ private Q_SLOTS:
         PlayerWindow player;
         const int before = m_services.youTube().requestCount(playerScript);
         player.open(video);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         player.open(video);
         player.open(video);
         player.open(videoInPlaylist);
-        ZEPH_WAIT_UNTIL(player.valueInPage(QStringLiteral("window.stub && stub.options"))
-                            .toObject()
-                            .value(QLatin1StringView("playerVars"))
-                            .toObject()
-                            .contains(QLatin1StringView("list")));
+        QTRY_VERIFY(player.valueInPage(QStringLiteral("window.stub && stub.options"))
+                        .toObject()
+                        .value(QLatin1StringView("playerVars"))
+                        .toObject()
+                        .contains(QLatin1StringView("list")));
         QCOMPARE(m_services.youTube().requestCount(playerScript), before + 2);
     }
 
@@ -233,7 +233,7 @@ private Q_SLOTS:
         QFETCH(QString, address);
         PlayerWindow player;
         player.open(address);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         QList<QWindow *> clicked;
         QObject context;
         NotificationCenter::defaultCenter().observe(
@@ -244,10 +244,10 @@ private Q_SLOTS:
                 : player.valueInPage(QStringLiteral("window.presses"));
         };
         player.click();
-        ZEPH_WAIT_UNTIL(presses() == 1);
+        QTRY_VERIFY(presses() == 1);
         QCOMPARE(clicked, QList<QWindow *>({ &player.window() }));
         player.doubleClick();
-        ZEPH_WAIT_UNTIL(presses() == 3);
+        QTRY_VERIFY(presses() == 3);
         QCOMPARE(clicked.size(), 3);
     }
 
@@ -258,21 +258,21 @@ private Q_SLOTS:
         PlayerWindow player;
         player.model().installKeyboardShortcuts();
         player.open(address);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         player.click();
-        ZEPH_WAIT_UNTIL(player.webView()->hasActiveFocus());
+        QTRY_VERIFY(player.webView()->hasActiveFocus());
         player.press(QStringLiteral("space"));
-        ZEPH_WAIT_UNTIL(player.videoValue("paused") == true);
+        QTRY_VERIFY(player.videoValue("paused") == true);
         QVERIFY(!player.model().isPlaying());
         const double position = player.videoValue("currentTime").toDouble();
         player.press(QStringLiteral("Right"));
-        ZEPH_WAIT_UNTIL(player.videoValue("currentTime").toDouble() >= position + 5);
+        QTRY_VERIFY(player.videoValue("currentTime").toDouble() >= position + 5);
         player.press(QStringLiteral("Down"));
-        ZEPH_WAIT_UNTIL(player.videoValue("volume") == 0.95);
+        QTRY_VERIFY(player.videoValue("volume") == 0.95);
         player.press(QStringLiteral("space"));
-        ZEPH_WAIT_UNTIL(player.videoValue("paused") == false);
+        QTRY_VERIFY(player.videoValue("paused") == false);
         player.press(QStringLiteral("ctrl+k"));
-        ZEPH_WAIT_UNTIL(!player.playerView());
+        QTRY_VERIFY(!player.playerView());
     }
 
     void aTextFieldInThePageKeepsItsKeys()
@@ -285,15 +285,15 @@ private Q_SLOTS:
         player.model().installKeyboardShortcuts();
         player.open(okVideo);
         // A page takes no clicks before it is drawn for the first time.
-        ZEPH_WAIT_UNTIL(
+        QTRY_VERIFY(
             (player.click(), player.valueInPage(QStringLiteral("document.activeElement.localName")))
             == QStringLiteral("input"));
-        ZEPH_WAIT_UNTIL(QGuiApplication::focusObject()
+        QTRY_VERIFY(QGuiApplication::focusObject()
             && QInputMethod::queryFocusObject(Qt::ImEnabled, {}).toBool());
         player.press(QStringLiteral("a"));
         player.press(QStringLiteral("space"));
         player.press(QStringLiteral("b"));
-        ZEPH_WAIT_UNTIL(player.valueInPage(QStringLiteral("document.querySelector('input').value"))
+        QTRY_VERIFY(player.valueInPage(QStringLiteral("document.querySelector('input').value"))
             == QStringLiteral("a b"));
         QVERIFY(player.model().isPlaying());
     }
@@ -302,21 +302,21 @@ private Q_SLOTS:
     {
         PlayerWindow player;
         player.open(video);
-        ZEPH_WAIT_UNTIL(player.plays());
+        QTRY_VERIFY(player.plays());
         player.click();
-        ZEPH_WAIT_UNTIL(player.videoValue("presses") == 1);
+        QTRY_VERIFY(player.videoValue("presses") == 1);
         player.press(QStringLiteral("f"));
-        ZEPH_WAIT_UNTIL(player.window().visibility() == QWindow::FullScreen);
-        ZEPH_WAIT_UNTIL(player.videoValue("fillsScreen") == true);
+        QTRY_VERIFY(player.window().visibility() == QWindow::FullScreen);
+        QTRY_VERIFY(player.videoValue("fillsScreen") == true);
         player.press(QStringLiteral("g"));
-        ZEPH_WAIT_UNTIL(player.window().visibility() == QWindow::Windowed);
-        ZEPH_WAIT_UNTIL(player.videoValue("fillsScreen") == false);
+        QTRY_VERIFY(player.window().visibility() == QWindow::Windowed);
+        QTRY_VERIFY(player.videoValue("fillsScreen") == false);
 
         player.press(QStringLiteral("f"));
-        ZEPH_WAIT_UNTIL(player.videoValue("fillsScreen") == true);
+        QTRY_VERIFY(player.videoValue("fillsScreen") == true);
         player.window().showNormal();
-        ZEPH_WAIT_UNTIL(player.videoValue("fillsScreen") == false);
-        ZEPH_WAIT_UNTIL(player.window().visibility() == QWindow::Windowed);
+        QTRY_VERIFY(player.videoValue("fillsScreen") == false);
+        QTRY_VERIFY(player.window().visibility() == QWindow::Windowed);
     }
 
 private:
