@@ -79,6 +79,13 @@ public:
         return QGuiApplication::primaryScreen()->grabWindow(window().toULongLong()).toImage();
     }
 
+    /// Whether the menu bar is there, which is drawn together with all else.
+    bool isDrawn() const
+    {
+        const QImage image = screen();
+        return !image.isNull() && image.pixelColor(3, 3).lightness() > 60;
+    }
+
     /// Whether the quarters of the picture have the colours of the colours clip.
     bool showsColours() const
     {
@@ -145,7 +152,7 @@ private Q_SLOTS:
     {
         Program program;
         QTRY_COMPARE(program.title(), QStringLiteral("Zeph Player"));
-        QTRY_COMPARE(program.screen().size(), QSize(700, 430));
+        QTRY_VERIFY(program.isDrawn());
         // Below the menu bar, where some versions of Qt leave the title of the closed menu marked.
         const auto surface = [&program] { return program.screen().copy(0, 40, 700, 390); };
         const QImage before = surface();
@@ -159,7 +166,7 @@ private Q_SLOTS:
     {
         Program program;
         QTRY_COMPARE(program.title(), QStringLiteral("Zeph Player"));
-        QTRY_COMPARE(program.screen().size(), QSize(700, 430));
+        QTRY_VERIFY(program.isDrawn());
         const QImage before = program.screen();
         program.press(QStringLiteral("space"));
         QTRY_VERIFY(program.screen() != before); // A message says that there is nothing to play,
