@@ -9,6 +9,7 @@
 #include <QScreen>
 
 #include <csignal>
+#include <cstdlib>
 
 namespace {
 
@@ -57,10 +58,10 @@ public:
     {
         if (!m_window.isEmpty())
             return m_window;
-        const QStringList windows
-            = xdotool({ QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+        const QStringList windows =
+            xdotool({ QStringLiteral("search"), QStringLiteral("--onlyvisible"),
                         QStringLiteral("--pid"), QString::number(id()) })
-                  .split(u'\n', Qt::SkipEmptyParts);
+                .split(u'\n', Qt::SkipEmptyParts);
         // Once found it stays the one, also while the window manager takes it in.
         if (!windows.isEmpty())
             m_window = windows.constLast();
@@ -71,7 +72,7 @@ public:
     void press(const QString &keys) const
     {
         xdotool({ QStringLiteral("windowfocus"), QStringLiteral("--sync"), window(),
-                  QStringLiteral("key"), keys });
+            QStringLiteral("key"), keys });
     }
 
     QImage screen() const
@@ -102,6 +103,24 @@ private:
     QProcess m_process;
     mutable QString m_window;
 };
+
+// What is drawn again may be rounded otherwise, here and there.
+bool looksLike(const QImage &image, const QImage &other)
+{
+    constexpr int rounding = 2;
+    if (image.size() != other.size())
+        return false;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor a = image.pixelColor(x, y);
+            const QColor b = other.pixelColor(x, y);
+            if (std::abs(a.red() - b.red()) > rounding || std::abs(a.green() - b.green()) > rounding
+                || std::abs(a.blue() - b.blue()) > rounding)
+                return false;
+        }
+    }
+    return true;
+}
 
 } // namespace
 
@@ -157,9 +176,9 @@ private Q_SLOTS:
         const auto surface = [&program] { return program.screen().copy(0, 40, 700, 390); };
         const QImage before = surface();
         program.press(QStringLiteral("alt+p"));
-        QTRY_VERIFY(surface() != before);
+        QTRY_VERIFY(!looksLike(surface(), before));
         program.press(QStringLiteral("Escape"));
-        QTRY_COMPARE(surface(), before);
+        QTRY_VERIFY(looksLike(surface(), before));
     }
 
     void theKeysReachThePlayer()
@@ -169,8 +188,9 @@ private Q_SLOTS:
         QTRY_VERIFY(program.isDrawn());
         const QImage before = program.screen();
         program.press(QStringLiteral("space"));
-        QTRY_VERIFY(program.screen() != before); // A message says that there is nothing to play,
-        QTRY_COMPARE(program.screen(), before);  // and goes away.
+        // A message says that there is nothing to play, and goes away.
+        QTRY_VERIFY(!looksLike(program.screen(), before));
+        QTRY_VERIFY(looksLike(program.screen(), before));
     }
 
     void controlOOpensThePanelAndEscapeClosesIt()
@@ -179,11 +199,10 @@ private Q_SLOTS:
         QTRY_COMPARE(program.title(), QStringLiteral("Zeph Player"));
         program.press(QStringLiteral("ctrl+o"));
         const QStringList search { QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                   QStringLiteral("--name"),
-                                   QStringLiteral("Choose Media to Play") };
+            QStringLiteral("--name"), QStringLiteral("Choose Media to Play") };
         QTRY_VERIFY(!xdotool(search).isEmpty());
         xdotool({ QStringLiteral("windowfocus"), QStringLiteral("--sync"), xdotool(search),
-                  QStringLiteral("key"), QStringLiteral("Escape") });
+            QStringLiteral("key"), QStringLiteral("Escape") });
         QTRY_VERIFY(xdotool(search).isEmpty());
         QVERIFY(program.isRunning());
     }
