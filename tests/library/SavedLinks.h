@@ -5,6 +5,8 @@
 
 #include <QList>
 
+#include <functional>
+
 inline zeph::AddressText address(const QString &text)
 {
     return zeph::AddressText::fromText(text).value();
@@ -21,6 +23,15 @@ inline zeph::PlaylistEntry::Fields savedLinkFields(const QString &name)
 inline zeph::PlaylistEntry savedLink(const QString &name)
 {
     return zeph::PlaylistEntry(savedLinkFields(name));
+}
+
+/// The link "a" with something else about it.
+inline zeph::PlaylistEntry savedLinkWith(
+    const std::function<void(zeph::PlaylistEntry::Fields &)> &change)
+{
+    zeph::PlaylistEntry::Fields fields = savedLinkFields(QStringLiteral("a"));
+    change(fields);
+    return zeph::PlaylistEntry(fields);
 }
 
 /// Called after `name` and their places in the list.

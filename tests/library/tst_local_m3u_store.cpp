@@ -1,25 +1,8 @@
-// The saved links: what changes do to the list, and what of it is stored.
-#include "Library.h"
-#include "platform/SettingsText.h"
-#include "SavedLinks.h"
-#include "sources/PlaylistEntryJson.h"
-#include "support/FullDisk.h"
-#include "support/Patience.h"
-#include "support/ReadOnlyFolder.h"
+// What changes do to the list of saved links.
+#include "StoreTest.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QThread>
-
-#include <cerrno>
 
 using namespace zeph;
 
@@ -27,29 +10,9 @@ namespace {
 
 using Fields = PlaylistEntry::Fields;
 
-// The text of a settings file with `json` stored in it.
-QByteArray settingsWith(const QByteArray &json)
-{
-    return settingsToText({ { LocalM3UStore::defaultsKey(), json } });
-}
-
-// What the settings file holds, read without the help of any cache.
-std::optional<QList<PlaylistEntry>> storedEntries(const QString &file)
-{
-    const QVariant json = settingsFromText(contentOf(file)).value(LocalM3UStore::defaultsKey());
-    return playlistFromJson(json.toByteArray());
-}
-
-PlaylistEntry entryWith(const std::function<void(Fields &)> &change)
-{
-    Fields fields = savedLinkFields(QStringLiteral("a"));
-    change(fields);
-    return PlaylistEntry(fields);
-}
-
 PlaylistEntry entryCalled(const QString &name, const QString &url)
 {
-    return entryWith([&](Fields &fields) {
+    return savedLinkWith([&](Fields &fields) {
         fields.name = name;
         fields.url = address(url);
     });
@@ -57,25 +20,12 @@ PlaylistEntry entryCalled(const QString &name, const QString &url)
 
 } // namespace
 
-class LocalM3UStoreTest : public QObject {
+class LocalM3UStoreTest : public StoreTest {
     Q_OBJECT
 
-public:
-    explicit LocalM3UStoreTest(const SmallDisk &disk) : m_disk(disk) { }
-
 private Q_SLOTS:
-    void init();
-
     void startsWithNothing();
     void storesEveryChange();
-    void storesReadableJson();
-    void leavesWhatItCannotRead_data();
-    void leavesWhatItCannotRead();
-    void readsOddLists_data();
-    void readsOddLists();
-    void readsHalfASurrogatePair();
-    void readsAMillionEntries();
-
     void savesAtTheFront();
     void savesWhatIsNamedAfterItsAddress_data();
     void savesWhatIsNamedAfterItsAddress();
@@ -96,31 +46,7 @@ private Q_SLOTS:
     void containsAddressesLetterByLetter();
     void containsWhatTheListHolds();
     void mayBeChangedByItsObservers();
-
-    void keepsWhatCannotBeStored_data();
-    void keepsWhatCannotBeStored();
-    void keepsWhatAReadOnlyFolderDoesNotTake_data();
-    void keepsWhatAReadOnlyFolderDoesNotTake();
-    void tellsOfAFullDisk_data();
-    void tellsOfAFullDisk();
-
-    void takesOverWhatAnotherWindowSaved();
-    void keepsItsOwnWhenTheStoredListIsLost();
-    void processesDoNotLoseEachOthersLinks();
-    void aKilledProcessLeavesAWholeList();
-
-private:
-    const SmallDisk &m_disk;
-    std::optional<QTemporaryDir> m_folder;
-    QString m_file;
 };
-
-void LocalM3UStoreTest::init()
-{
-    m_folder.emplace();
-    QVERIFY(m_folder->isValid());
-    m_file = m_folder->filePath(QStringLiteral("test.conf"));
-}
 
 void LocalM3UStoreTest::startsWithNothing()
 {
@@ -161,159 +87,11 @@ void LocalM3UStoreTest::storesEveryChange()
     QCOMPARE(storedEntries(m_file), store.entries());
 }
 
-void LocalM3UStoreTest::storesReadableJson()
-{
-    Library library(m_file);
-    const PlaylistEntry full = entryWith([](Fields &fields) {
-        fields.name = QStringLiteral("\u0416 \"A\"");
-        fields.logoURL = address(QStringLiteral("http://x/l.png"));
-        fields.groupTitle = QStringLiteral("News");
-        fields.countryCode = QStringLiteral("TR");
-    });
-    const PlaylistEntry bare = savedLink(QStringLiteral("b"));
-    library.store.replaceEntries({ full, bare });
-    const auto json = library.defaults.text(QStringLiteral("ZephPlayer.LocalM3U.SavedEntries"));
-    QVERIFY(json);
-    QVERIFY(contentOf(m_file).contains("\u0416"));
-    const auto text = [](const QString &value) { return QJsonValue(value); };
-    const QJsonArray expected {
-        QJsonObject { { QStringLiteral("id"), full.id().toString(QUuid::WithoutBraces) },
-            { QStringLiteral("name"), text(full.name()) },
-            { QStringLiteral("url"), QStringLiteral("http://h/a.m3u8") },
-            { QStringLiteral("logoURL"), QStringLiteral("http://x/l.png") },
-            { QStringLiteral("groupTitle"), QStringLiteral("News") },
-            { QStringLiteral("countryCode"), QStringLiteral("TR") } },
-        QJsonObject { { QStringLiteral("id"), bare.id().toString(QUuid::WithoutBraces) },
-            { QStringLiteral("name"), QStringLiteral("b") },
-            { QStringLiteral("url"), QStringLiteral("http://h/b.m3u8") } },
-    };
-    QCOMPARE(QJsonDocument::fromJson(*json).array(), expected);
-}
-
-void LocalM3UStoreTest::leavesWhatItCannotRead_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    const auto json = [](const char *name, const QByteArray &text) {
-        QTest::newRow(name) << settingsWith(text);
-    };
-    const auto raw = [](const char *name, const QByteArray &value) {
-        QTest::newRow(name) << "[General]\nZephPlayer.LocalM3U.SavedEntries=" + value + '\n';
-    };
-    const QByteArray good = playlistEntryToJson(savedLink(QStringLiteral("a")));
-    json("nothing", "");
-    json("no JSON", "abc");
-    json("half of it", ('[' + good + ']').chopped(10));
-    json("more than it", '[' + good + "] x");
-    json("object", good);
-    json("null", "null");
-    json("number", "5");
-    json("text", "\"a\"");
-    json("numbers", "[1, 2]");
-    json("one is no entry", '[' + good + ",{}]");
-    json("one is null", '[' + good + ",null]");
-    json("no address", R"([{"id":"0d0cd8d0-0fe5-4b8b-9b4c-2f6a2f0c5a11","name":"a"}])");
-    json("bad id", R"([{"id":"1","name":"a","url":"http://h/a"}])");
-    json("number as name",
-        R"([{"id":"0d0cd8d0-0fe5-4b8b-9b4c-2f6a2f0c5a11","name":1,"url":"http://h/a"}])");
-    json("deep", QByteArray(100'000, '['));
-    json("no UTF-8", "[\"\xff\xfe\"]");
-    raw("list", "a, b");
-    raw("number of another kind", "@Size(3 4)");
-    raw("4 GB of bytes", R"(@Variant(\0\0\0\f\xff\xff\xff\xfe))");
-    raw("4 GB of text", R"(@Variant(\0\0\0\n\xff\xff\xff\xfe))");
-    raw("4 GB of list", R"(@Variant(\0\0\0\t\xff\xff\xff\xfe))");
-    raw("open quote", R"("[{\"id\")");
-    QTest::newRow("no settings") << QByteArrayLiteral("\x7f"
-                                                      "ELF\0\1\2\3\n\0\n=\n[\n]\n");
-    QTest::newRow("zeros") << QByteArray(100'000, '\0');
-}
-
-void LocalM3UStoreTest::leavesWhatItCannotRead()
-{
-    QFETCH(QByteArray, content);
-    QVERIFY(writeFile(m_file, content));
-    Library library(m_file);
-    QVERIFY(library.store.entries().isEmpty());
-    QCOMPARE(library.store.errorMessage(), QString());
-    library.store.exportLocalPlaylistAsM3U();
-    library.store.update(savedLinkFields(QStringLiteral("b")));
-    library.store.remove(savedLink(QStringLiteral("b")));
-    library.store.replaceEntries({});
-    QCOMPARE(contentOf(m_file), content);
-
-    library.store.add(savedLinkFields(QStringLiteral("b")));
-    QCOMPARE(library.names(), QStringList(QStringLiteral("b")));
-    QCOMPARE(storedEntries(m_file), library.store.entries());
-}
-
-void LocalM3UStoreTest::readsOddLists_data()
-{
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QStringList>("names");
-    const auto entry = [](const QByteArray &name, const QByteArray &more = {}) {
-        return R"({"id":"0d0cd8d0-0fe5-4b8b-9b4c-2f6a2f0c5a11","name":")" + name
-            + R"(","url":"http://h/a")" + more + '}';
-    };
-    QTest::newRow("nothing in it") << QByteArray("[]") << QStringList();
-    QTest::newRow("blanks") << " [\n" + entry("a") + "\t] \n" << QStringList(QStringLiteral("a"));
-    QTest::newRow("other keys") << '[' + entry("a", R"(,"x":[1,{"y":null}],"URL":1)") + ']'
-                                << QStringList(QStringLiteral("a"));
-    QTest::newRow("same ids and addresses") << '[' + entry("a") + ',' + entry("b")
-            + ']' << QStringList({ QStringLiteral("a"), QStringLiteral("b") });
-    QTest::newRow("odd letters")
-        << '[' + entry("\u202e\u0627\u0301\u200d\U0001f4fa\ufeff\ufffe\\u0000\\n") + ']'
-        << QStringList(QStringLiteral("\u202e\u0627\u0301\u200d\U0001f4fa\ufeff\ufffe")
-               + QChar(u'\0') + u'\n');
-    QTest::newRow("long name") << '[' + entry(QByteArray(1'000'000, 'x')) + ']'
-                               << QStringList(QString(1'000'000, u'x'));
-}
-
-void LocalM3UStoreTest::readsOddLists()
-{
-    QFETCH(QByteArray, json);
-    QFETCH(QStringList, names);
-    QVERIFY(writeFile(m_file, settingsWith(json)));
-    Library library(m_file);
-    QCOMPARE(library.names(), names);
-    QCOMPARE(contentOf(m_file), settingsWith(json));
-    // Another one does not spoil them.
-    library.store.add(savedLinkFields(QStringLiteral("new")));
-    QCOMPARE(Library(m_file).names(), QStringList(QStringLiteral("new")) + names);
-}
-
-// Which is no letter, and becomes some other one.
-void LocalM3UStoreTest::readsHalfASurrogatePair()
-{
-    const QByteArray json = "[{\"id\":\"0d0cd8d0-0fe5-4b8b-9b4c-2f6a2f0c5a11\","
-                            "\"name\":\"\\ud83d\",\"url\":\"http://h/a\"}]";
-    QVERIFY(writeFile(m_file, settingsWith(json)));
-    const Library library(m_file);
-    QCOMPARE(library.names().size(), 1);
-    QCOMPARE(library.names().constFirst().size(), 1);
-}
-
-void LocalM3UStoreTest::readsAMillionEntries()
-{
-    constexpr int count = 1'000'000;
-    QByteArray json = "[";
-    for (int i = 0; i < count; ++i) {
-        const QByteArray number = QByteArray::number(i);
-        json += R"({"id":"0d0cd8d0-0fe5-4b8b-9b4c-2f6a2f0c5a11","name":")" + number
-            + R"(","url":"http://h/)" + number + "\"},";
-    }
-    json.back() = ']';
-    QVERIFY(writeFile(m_file, settingsWith(json)));
-    const Library library(m_file);
-    QCOMPARE(library.store.entries().size(), count);
-    QCOMPARE(library.store.entries().constLast().name(), QStringLiteral("999999"));
-    QVERIFY(library.store.contains(address(QStringLiteral("http://h/777777"))));
-}
-
 void LocalM3UStoreTest::savesAtTheFront()
 {
     Library library(m_file);
     library.store.replaceEntries(savedLinks(QStringLiteral("old"), 2));
-    const PlaylistEntry entry = entryWith([](Fields &fields) {
+    const PlaylistEntry entry = savedLinkWith([](Fields &fields) {
         fields.name = QStringLiteral("\u2003 A TV\n");
         fields.logoURL = address(QStringLiteral("logo.png"));
         fields.groupTitle = QStringLiteral(" News ");
@@ -612,215 +390,5 @@ void LocalM3UStoreTest::mayBeChangedByItsObservers()
     QCOMPARE(storedEntries(m_file), library.store.entries());
 }
 
-void LocalM3UStoreTest::keepsWhatCannotBeStored_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::newRow("a file in the way") << QStringLiteral("/etc/passwd/x.conf");
-    QTest::newRow("no such folder") << QStringLiteral("/proc/no-such-folder/x.conf");
-    QTest::newRow("a folder") << QDir::tempPath();
-}
-
-void LocalM3UStoreTest::keepsWhatCannotBeStored()
-{
-    QFETCH(QString, file);
-    Library library(file);
-    LocalM3UStore &store = library.store;
-    QSignalSpy errors(&store, &LocalM3UStore::errorMessageChanged);
-    const QString prefix = QStringLiteral("Could not save Local M3U: ");
-
-    store.saveToLocalM3U(savedLink(QStringLiteral("a")));
-    QCOMPARE(library.names(), QStringList(QStringLiteral("a")));
-    QVERIFY(store.errorMessage().startsWith(prefix));
-    QVERIFY(store.errorMessage().size() > prefix.size());
-    QCOMPARE(library.model.toastMessage(), store.errorMessage());
-    QCOMPARE(errors.size(), 1);
-
-    // It is told every time.
-    library.model.showToast(QStringLiteral("x"), 1'000'000'000);
-    store.saveToLocalM3U(savedLink(QStringLiteral("b")));
-    QCOMPARE(library.names(), QStringList({ QStringLiteral("b"), QStringLiteral("a") }));
-    QCOMPARE(library.model.toastMessage(), store.errorMessage());
-    store.remove(store.entries().constLast());
-    QCOMPARE(library.names(), QStringList(QStringLiteral("b")));
-    QCOMPARE(library.model.toastMessage(), store.errorMessage());
-    QVERIFY(store.contains(savedLink(QStringLiteral("b"))));
-}
-
-void LocalM3UStoreTest::keepsWhatAReadOnlyFolderDoesNotTake_data()
-{
-    QTest::addColumn<bool>("hasStoredLinks");
-    QTest::newRow("first link") << false;
-    QTest::newRow("further link") << true;
-}
-
-void LocalM3UStoreTest::keepsWhatAReadOnlyFolderDoesNotTake()
-{
-    QFETCH(bool, hasStoredLinks);
-    if (hasStoredLinks) {
-        Library(m_file).store.add(savedLinkFields(QStringLiteral("old")));
-        QVERIFY(QFile::setPermissions(
-            m_file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
-    }
-    const QByteArray before = contentOf(m_file);
-    Library library(m_file);
-    {
-        const ReadOnlyFolder folder(m_folder->path());
-        library.store.add(savedLinkFields(QStringLiteral("new")));
-        QCOMPARE(library.store.errorMessage(),
-            QStringLiteral("Could not save Local M3U: ") + qt_error_string(EACCES));
-        QCOMPARE(library.model.toastMessage(), library.store.errorMessage());
-        QCOMPARE(library.names().constFirst(), QStringLiteral("new"));
-        QCOMPARE(contentOf(m_file), before);
-    }
-    // Once it may be written again, the next change takes along what was kept.
-    library.store.add(savedLinkFields(QStringLiteral("newer")));
-    QCOMPARE(library.store.errorMessage(), QString());
-    QCOMPARE(library.store.entries().size(), hasStoredLinks ? 3 : 2);
-    QCOMPARE(storedEntries(m_file), library.store.entries());
-}
-
-void LocalM3UStoreTest::tellsOfAFullDisk_data()
-{
-    QTest::addColumn<bool>("isRealDisk");
-    QTest::newRow("limit") << false;
-    QTest::newRow("disk") << true;
-}
-
-void LocalM3UStoreTest::tellsOfAFullDisk()
-{
-    QFETCH(bool, isRealDisk);
-    if (isRealDisk && !m_disk.isMounted())
-        QSKIP("this machine lets nobody mount a file system");
-    if (isRealDisk)
-        m_file = m_disk.folder() + QStringLiteral("/test.conf");
-    Library library(m_file);
-    LocalM3UStore &store = library.store;
-    const auto few = savedLinks(QStringLiteral("few"), 500);
-    const auto many = savedLinks(QStringLiteral("many"), 10'000);
-    store.replaceEntries(few);
-    QCOMPARE(store.errorMessage(), QString());
-    {
-        std::optional<FileSizeLimit> limit;
-        if (!isRealDisk)
-            limit.emplace(200'000);
-        store.replaceEntries(many);
-        const QString reason = qt_error_string(isRealDisk ? ENOSPC : EFBIG);
-        QCOMPARE(store.errorMessage(), QStringLiteral("Could not save Local M3U: ") + reason);
-        QCOMPARE(store.entries(), many);
-        QCOMPARE(storedEntries(m_file), few);
-        // What is not stored is not lost when another change fails, too.
-        store.saveToLocalM3U(savedLink(QStringLiteral("more")));
-        QCOMPARE(store.entries().size(), many.size() + 1);
-        QCOMPARE(library.model.toastMessage(), store.errorMessage());
-        QCOMPARE(storedEntries(m_file), few);
-    }
-    // With less to be stored there is room.
-    QSignalSpy errors(&store, &LocalM3UStore::errorMessageChanged);
-    store.replaceEntries(savedLinks(QStringLiteral("less"), 10));
-    QCOMPARE(store.errorMessage(), QString());
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(storedEntries(m_file), store.entries());
-}
-
-void LocalM3UStoreTest::takesOverWhatAnotherWindowSaved()
-{
-    Library first(m_file);
-    first.store.add(savedLinkFields(QStringLiteral("a")));
-    Library second(m_file);
-    second.store.add(savedLinkFields(QStringLiteral("b")));
-    QCOMPARE(first.names(), QStringList(QStringLiteral("a")));
-    first.store.add(savedLinkFields(QStringLiteral("c")));
-    QCOMPARE(first.names(),
-        QStringList({ QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("a") }));
-    QVERIFY(first.store.contains(savedLink(QStringLiteral("b"))));
-    // What was removed there does not come back, nor can it be changed.
-    const PlaylistEntry removed = second.store.entries().constLast();
-    second.store.remove(removed);
-    QSignalSpy changes(&first.store, &LocalM3UStore::entriesChanged);
-    Fields fields = savedLinkFields(QStringLiteral("new a"));
-    fields.id = removed.id();
-    first.store.update(fields);
-    QCOMPARE(first.names(), QStringList({ QStringLiteral("c"), QStringLiteral("b") }));
-    QCOMPARE(changes.size(), 1);
-    QCOMPARE(storedEntries(m_file), first.store.entries());
-}
-
-void LocalM3UStoreTest::keepsItsOwnWhenTheStoredListIsLost()
-{
-    Library library(m_file);
-    library.store.add(savedLinkFields(QStringLiteral("a")));
-    QVERIFY(writeFile(m_file, settingsWith("no list")));
-    library.store.add(savedLinkFields(QStringLiteral("b")));
-    QVERIFY(QFile::remove(m_file));
-    library.store.add(savedLinkFields(QStringLiteral("c")));
-    QCOMPARE(library.names(),
-        QStringList({ QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("a") }));
-    QCOMPARE(storedEntries(m_file), library.store.entries());
-}
-
-void LocalM3UStoreTest::processesDoNotLoseEachOthersLinks()
-{
-    constexpr int count = 50;
-    QProcess processes[3];
-    for (QProcess &process : processes) {
-        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        const QString name = QStringLiteral("p%1-").arg(&process - processes);
-        process.start(qEnvironmentVariable("ZEPH_EDIT_SAVED_LINKS"),
-            { m_file, QStringLiteral("add"), name, QString::number(count) });
-    }
-    for (QProcess &process : processes) {
-        QVERIFY(process.waitForFinished());
-        QCOMPARE(process.exitCode(), EXIT_SUCCESS);
-    }
-    const Library library(m_file);
-    QCOMPARE(library.store.entries().size(), 3 * count);
-    for (int i = 0; i < 3; ++i) {
-        for (int j = 0; j < count; ++j)
-            QVERIFY(library.names().contains(QStringLiteral("p%1-%2").arg(i).arg(j)));
-    }
-}
-
-void LocalM3UStoreTest::aKilledProcessLeavesAWholeList()
-{
-    constexpr int kills = 200;
-    QRandomGenerator random(5);
-    int shortLists = 0;
-    for (int i = 0; i < kills; ++i) {
-        QProcess process;
-        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process.start(
-            qEnvironmentVariable("ZEPH_EDIT_SAVED_LINKS"), { m_file, QStringLiteral("replace") });
-        QVERIFY(process.waitForReadyRead());
-        QThread::usleep(random.bounded(20'000u));
-        process.kill();
-        QVERIFY(process.waitForFinished());
-        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
-
-        const auto entries = storedEntries(m_file);
-        QVERIFY(entries);
-        const bool isShort = entries->size() == 20;
-        QCOMPARE(entries->size(), isShort ? 20 : 2000);
-        shortLists += isShort;
-        for (int j = 0; j < entries->size(); ++j)
-            QCOMPARE(entries->at(j).name(),
-                (isShort ? QStringLiteral("short") : QStringLiteral("long")) + QString::number(j));
-    }
-    // Both were met with.
-    QVERIFY(shortLists > 0);
-    QVERIFY(shortLists < kills);
-    // And the next one gets to work as if nothing had happened.
-    Library library(m_file);
-    library.store.add(savedLinkFields(QStringLiteral("new")));
-    QCOMPARE(library.store.errorMessage(), QString());
-    QCOMPARE(library.names().constFirst(), QStringLiteral("new"));
-}
-
-int main(int argc, char *argv[])
-{
-    const SmallDisk disk(256 * 1024);
-    QCoreApplication application(argc, argv);
-    LocalM3UStoreTest test(disk);
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_GUILESS_MAIN(LocalM3UStoreTest)
 #include "tst_local_m3u_store.moc"
