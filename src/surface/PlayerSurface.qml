@@ -27,6 +27,22 @@ Rectangle {
         okVideoContent: surface.model.okVideoContent
     }
 
+    PlayerSurfaceNotices {
+        id: notices
+        model: surface.model
+    }
+
+    OpenMediaPrompt {
+        anchors.centerIn: parent
+        visible: notices.invitesToOpen
+        onClicked: surface.model.openFile()
+    }
+
+    BufferingNotice {
+        anchors.centerIn: parent
+        visible: notices.tellsOfBuffering
+    }
+
     ToastLabel {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
