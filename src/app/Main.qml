@@ -11,11 +11,6 @@ ApplicationWindow {
     required property PlayerModel model
     required property MenuCommands commands
 
-    title: model.title
-    width: 700
-    height: 430
-    minimumWidth: 520
-    minimumHeight: 360
     visible: true
     color: "black"
 
@@ -39,6 +34,15 @@ ApplicationWindow {
             sequence: modelData.shortcut
             onActivated: modelData.trigger()
         }
+    }
+
+    WindowTitleSetter {
+        title: window.model.title
+        sidebarVisible: false
+        mediaLoadID: window.model.mediaLoadID
+        videoAspectRatio: window.model.videoAspectRatio
+        videoAspectMediaLoadID: window.model.videoAspectMediaLoadID
+        isFullScreen: false
     }
 
     ContentView {
