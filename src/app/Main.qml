@@ -3,18 +3,19 @@ import QtQuick
 import QtQuick.Controls
 import ZephPlayer.App
 import ZephPlayer.Library
-import ZephPlayer.Player
 
 ApplicationWindow {
     id: window
 
-    required property PlayerModel model
+    required property ContentView view
     required property MenuCommands commands
 
     visible: true
     color: "black"
 
     menuBar: MenuBar {
+        visible: !window.view.isFullScreen
+
         CommandMenu {
             title: qsTr("&File")
             commands: window.commands.file
@@ -22,6 +23,10 @@ ApplicationWindow {
         CommandMenu {
             title: qsTr("&Playback")
             commands: window.commands.playback
+        }
+        CommandMenu {
+            title: qsTr("&View")
+            commands: window.commands.view
         }
     }
 
@@ -37,16 +42,16 @@ ApplicationWindow {
     }
 
     WindowTitleSetter {
-        title: window.model.title
-        sidebarVisible: false
-        mediaLoadID: window.model.mediaLoadID
-        videoAspectRatio: window.model.videoAspectRatio
-        videoAspectMediaLoadID: window.model.videoAspectMediaLoadID
-        isFullScreen: false
+        title: window.view.model.title
+        sidebarVisible: window.view.showSidebar
+        mediaLoadID: window.view.model.mediaLoadID
+        videoAspectRatio: window.view.model.videoAspectRatio
+        videoAspectMediaLoadID: window.view.model.videoAspectMediaLoadID
+        isFullScreen: window.view.isFullScreen
     }
 
-    ContentView {
+    ContentViewLayout {
         anchors.fill: parent
-        model: window.model
+        view: window.view
     }
 }

@@ -1,6 +1,6 @@
 #include "app/MenuCommands.h"
 
-#include "player/PlayerModel.h"
+#include "library/ContentView.h"
 
 #include <QCoreApplication>
 
@@ -18,12 +18,19 @@ QString muteTitle(const PlayerModel &model)
     return model.isMuted() ? MenuCommands::tr("Unmute") : MenuCommands::tr("Mute");
 }
 
+QString fullScreenTitle(const ContentView &content)
+{
+    return content.isFullScreen() ? MenuCommands::tr("Exit Full Screen")
+                                  : MenuCommands::tr("Enter Full Screen");
+}
+
 } // namespace
 
-MenuCommands::MenuCommands(PlayerModel &model, QObject *parent)
+MenuCommands::MenuCommands(ContentView &content, QObject *parent)
     : QObject(parent)
-    , m_model(model)
+    , m_model(*content.model())
 {
+    PlayerModel &model = m_model;
     m_file = {
         command(tr("Open Media…"), [&model] { model.openFile(); }, Qt::CTRL | Qt::Key_O),
         divider(),
@@ -50,11 +57,17 @@ MenuCommands::MenuCommands(PlayerModel &model, QObject *parent)
             [&model, play] { play->setTitle(playTitle(model)); });
     connect(&model, &PlayerModel::isMutedChanged, mute,
             [&model, mute] { mute->setTitle(muteTitle(model)); });
+
+    auto *fullScreen = command(
+        fullScreenTitle(content), [&content] { content.toggleFullScreen(); }, Qt::Key_F11);
+    m_view = { fullScreen };
+    connect(&content, &ContentView::isFullScreenChanged, fullScreen,
+            [&content, fullScreen] { fullScreen->setTitle(fullScreenTitle(content)); });
 }
 
 QList<MenuCommand *> MenuCommands::withKeys() const
 {
-    QList<MenuCommand *> commands = m_file + m_playback;
+    QList<MenuCommand *> commands = m_file + m_playback + m_view;
     commands.removeIf([](const MenuCommand *command) { return command->shortcut().isEmpty(); });
     return commands;
 }

@@ -9,6 +9,7 @@
 
 namespace zeph {
 
+class ContentView;
 class PlayerModel;
 
 /// The commands of the menus, in order, with titles that follow the model. Main thread only.
@@ -19,15 +20,17 @@ class MenuCommands : public QObject {
 
     Q_PROPERTY(QList<zeph::MenuCommand *> file READ file CONSTANT)
     Q_PROPERTY(QList<zeph::MenuCommand *> playback READ playback CONSTANT)
+    Q_PROPERTY(QList<zeph::MenuCommand *> view READ view CONSTANT)
     /// Those of all menus that have a key of their own.
     Q_PROPERTY(QList<zeph::MenuCommand *> withKeys READ withKeys CONSTANT)
 
 public:
-    /// `model` outlives the commands.
-    explicit MenuCommands(PlayerModel &model, QObject *parent = nullptr);
+    /// `content` outlives the commands.
+    explicit MenuCommands(ContentView &content, QObject *parent = nullptr);
 
     const QList<MenuCommand *> &file() const { return m_file; }
     const QList<MenuCommand *> &playback() const { return m_playback; }
+    const QList<MenuCommand *> &view() const { return m_view; }
     QList<MenuCommand *> withKeys() const;
 
 private:
@@ -39,6 +42,7 @@ private:
     PlayerModel &m_model;
     QList<MenuCommand *> m_file;
     QList<MenuCommand *> m_playback;
+    QList<MenuCommand *> m_view;
 };
 
 } // namespace zeph

@@ -59,7 +59,7 @@ bool ZephPlayerApp::showMainWindow()
         QCoreApplication::applicationDirPath() + QStringLiteral("/" ZEPH_QML_FOLDER));
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine.setInitialProperties({
-        { QStringLiteral("model"), QVariant::fromValue(&m_player) },
+        { QStringLiteral("view"), QVariant::fromValue(&m_view) },
         { QStringLiteral("commands"), QVariant::fromValue(&m_commands) },
     });
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/ZephPlayer/App/Main.qml")));
@@ -68,7 +68,7 @@ bool ZephPlayerApp::showMainWindow()
 
 void ZephPlayerApp::openUrl(const QUrl &url)
 {
-    m_player.play(url, url.fileName(), false);
+    m_view.openUrl(url);
 }
 
 } // namespace zeph

@@ -3,7 +3,9 @@
 
 #include "app/MenuCommands.h"
 #include "app/ZephApplicationDelegate.h"
+#include "library/ContentView.h"
 #include "platform/FilePanels.h"
+#include "platform/UserDefaults.h"
 #include "player/PlayerModel.h"
 
 #include <QQmlApplicationEngine>
@@ -31,7 +33,9 @@ private:
     ZephApplicationDelegate m_appDelegate;
     DesktopFilePanels m_panels;
     PlayerModel m_player { m_panels };
-    MenuCommands m_commands { m_player };
+    UserDefaults m_defaults;
+    ContentView m_view { m_player, m_defaults, m_panels };
+    MenuCommands m_commands { m_view };
     QQmlApplicationEngine m_engine;
 };
 

@@ -8,6 +8,8 @@ Pane {
     id: row
 
     required property PlayerControlBar controlBar
+    /// It lies over the picture.
+    property bool floating: false
 
     implicitHeight: 34
     topPadding: 0
@@ -17,6 +19,20 @@ Pane {
 
     Accessible.role: Accessible.ToolBar
     Accessible.name: qsTr("Playback controls")
+
+    background: Rectangle {
+        id: plate
+        color: row.palette.window
+    }
+
+    states: State {
+        name: "floating"
+        when: row.floating
+        PropertyChanges {
+            plate.radius: 10
+            plate.color: Qt.alpha(row.palette.window, 0.92)
+        }
+    }
 
     contentItem: RowLayout {
         spacing: 5

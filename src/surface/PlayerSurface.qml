@@ -10,6 +10,8 @@ Rectangle {
     required property PlayerModel model
     property alias displayMode: playerView.displayMode
     property alias fillScreen: playerView.fillScreen
+    /// What covers the lower edge of the picture.
+    property real toastMargin: 0
 
     color: "black"
 
@@ -46,7 +48,7 @@ Rectangle {
     ToastLabel {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 24
+        anchors.bottomMargin: 24 + surface.toastMargin
         width: Math.min(implicitWidth, parent.width - 32)
         message: surface.model.toastMessage
     }

@@ -2,7 +2,7 @@
 #include "app/AddressArgument.h"
 #include "app/MenuCommands.h"
 #include "app/ZephApplicationDelegate.h"
-#include "player/PlayerModel.h"
+#include "library/ContentView.h"
 #include "sources/OKVideoContent.h"
 #include "support/StandInPanels.h"
 
@@ -36,7 +36,8 @@ private Q_SLOTS:
     void file()
     {
         PlayerModel model(m_panels);
-        const MenuCommands menus(model);
+        ContentView content(model, m_defaults, m_panels);
+        const MenuCommands menus(content);
         const QStringList expected { QStringLiteral("Open Media… (Ctrl+O)"), QStringLiteral("-"),
                                      QStringLiteral("Quit (Ctrl+Q)") };
         QCOMPARE(lines(menus.file()), expected);
@@ -48,7 +49,8 @@ private Q_SLOTS:
     void playback()
     {
         PlayerModel model(m_panels);
-        const MenuCommands menus(model);
+        ContentView content(model, m_defaults, m_panels);
+        const MenuCommands menus(content);
         const QStringList expected {
             QStringLiteral("Play"),
             QStringLiteral("Stop"),
@@ -67,17 +69,36 @@ private Q_SLOTS:
     void keys()
     {
         PlayerModel model(m_panels);
-        const MenuCommands menus(model);
+        ContentView content(model, m_defaults, m_panels);
+        const MenuCommands menus(content);
         const QStringList expected { QStringLiteral("Open Media… (Ctrl+O)"),
                                      QStringLiteral("Quit (Ctrl+Q)"),
-                                     QStringLiteral("Mute (Ctrl+M)") };
+                                     QStringLiteral("Mute (Ctrl+M)"),
+                                     QStringLiteral("Enter Full Screen (F11)") };
         QCOMPARE(lines(menus.withKeys()), expected);
+    }
+
+    void fullScreen()
+    {
+        PlayerModel model(m_panels);
+        ContentView content(model, m_defaults, m_panels);
+        const MenuCommands menus(content);
+        QQuickWindow window;
+        content.appear(&window);
+        MenuCommand *command = menus.view().constFirst();
+        command->trigger();
+        QCOMPARE(window.windowStates(), Qt::WindowFullScreen);
+        QCOMPARE(command->title(), QStringLiteral("Exit Full Screen"));
+        command->trigger();
+        QCOMPARE(window.windowStates(), Qt::WindowNoState);
+        QCOMPARE(command->title(), QStringLiteral("Enter Full Screen"));
     }
 
     void playWithNothingLoadedShowsTheToast()
     {
         PlayerModel model(m_panels);
-        const MenuCommands menus(model);
+        ContentView content(model, m_defaults, m_panels);
+        const MenuCommands menus(content);
         QCOMPARE(menus.playback()[0]->title(), QStringLiteral("Play"));
         menus.playback()[0]->trigger();
         QCOMPARE(model.toastMessage(),
@@ -89,7 +110,8 @@ private Q_SLOTS:
     void titlesFollowTheModel()
     {
         PlayerModel model(m_panels);
-        const MenuCommands menus(model);
+        ContentView content(model, m_defaults, m_panels);
+        const MenuCommands menus(content);
         MenuCommand *mute = menus.playback().constLast();
         QSignalSpy renamed(mute, &MenuCommand::titleChanged);
         mute->trigger();
@@ -111,7 +133,8 @@ private Q_SLOTS:
     void skipCommandsSkip()
     {
         PlayerModel model(m_panels);
-        const MenuCommands menus(model);
+        ContentView content(model, m_defaults, m_panels);
+        const MenuCommands menus(content);
         for (MenuCommand *command : menus.playback()) {
             command->trigger(); // Dividers among them do nothing.
             QVERIFY(!command->isDivider() || command->title().isEmpty());
@@ -144,8 +167,10 @@ private Q_SLOTS:
     }
 
 private:
+    QTemporaryDir m_folder;
     StandInPanels m_panels;
+    UserDefaults m_defaults { m_folder.filePath(QStringLiteral("settings")) };
 };
 
-QTEST_GUILESS_MAIN(MenuCommandsTest)
+QTEST_MAIN(MenuCommandsTest)
 #include "tst_menu_commands.moc"

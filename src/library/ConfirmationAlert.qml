@@ -1,0 +1,83 @@
+// Asks before something is lost.
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+
+Popup {
+    id: alert
+
+    required property string title
+    required property string message
+    /// What the button says that does it.
+    required property string destructiveText
+
+    signal accepted
+    signal rejected
+
+    component AlertButton: Button {
+        Layout.fillWidth: true
+        leftPadding: 12
+        rightPadding: 12
+
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+
+        Accessible.name: text
+    }
+
+    parent: Overlay.overlay
+    anchors.centerIn: parent
+    width: Math.min(340, parent.width - 2 * margins)
+    margins: 8
+    padding: 20
+    modal: true
+    focus: true
+    closePolicy: Popup.CloseOnEscape
+    onOpened: cancelButton.forceActiveFocus(Qt.TabFocusReason)
+    onClosed: rejected()
+
+    background: Rectangle {
+        radius: 10
+        color: alert.palette.window
+        border.color: Qt.rgba(0.5, 0.5, 0.5, 0.5)
+
+        Accessible.role: Accessible.Dialog
+        Accessible.name: alert.title
+        Accessible.description: alert.message
+    }
+
+    contentItem: ColumnLayout {
+        spacing: 10
+
+        Label {
+            Layout.fillWidth: true
+            text: alert.title
+            font.weight: Font.DemiBold
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.Heading
+        }
+        Label {
+            Layout.fillWidth: true
+            text: alert.message
+            textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+        RowLayout {
+            Layout.topMargin: 6
+            spacing: 8
+
+            AlertButton {
+                id: cancelButton
+                text: qsTr("Cancel")
+                onClicked: alert.rejected()
+            }
+            AlertButton {
+                text: alert.destructiveText
+                palette.buttonText: "#c5221f"
+                onClicked: alert.accepted()
+            }
+        }
+    }
+}

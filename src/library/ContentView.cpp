@@ -1,0 +1,116 @@
+#include "library/ContentView.h"
+
+#include "platform/PlayerNotifications.h"
+
+#include <QKeyEvent>
+
+#include <utility>
+
+namespace zeph {
+
+ContentView::ContentView(
+    PlayerModel &model, UserDefaults &defaults, FilePanels &panels, QObject *parent)
+    : QObject(parent), m_model(model), m_panels(panels), m_localM3UStore(defaults, model, panels)
+{
+    connect(&m_controlBar, &PlayerControlBar::showSidebarChanged, this,
+        &ContentView::sidebarShownOrHidden);
+    connect(&model, &PlayerModel::playlistChanged, this, &ContentView::takePlaylist);
+    connect(&model, &PlayerModel::isPlayingChanged, this, &ContentView::followPlaying);
+    NotificationCenter &notifications = NotificationCenter::defaultCenter();
+    notifications.observe(playerSurfaceClicked, this, [this](QWindow *) { surfaceClicked(); });
+    notifications.observe(playerMouseMoved, this, [this](QWindow *window) { mouseMoved(window); });
+}
+
+ContentView::~ContentView() = default;
+
+void ContentView::appear(QQuickWindow *window)
+{
+    m_window = window;
+    connect(window, &QWindow::windowStateChanged, this,
+        [this] { followWindowState(m_window->windowStates()); });
+    followWindowState(window->windowStates());
+    m_model.installKeyboardShortcuts();
+    m_keyboardMonitor.emplace(QEvent::KeyPress, [this](QWindow &, QEvent &event) {
+        return handleKeyPress(static_cast<const QKeyEvent &>(event));
+    });
+}
+
+void ContentView::setSelectedSidebarSection(PlayerSidebarSection section)
+{
+    if (std::exchange(m_selectedSidebarSection, section) != section)
+        Q_EMIT selectedSidebarSectionChanged();
+}
+
+void ContentView::setAddress(const QString &address)
+{
+    if (std::exchange(m_address, address) != address)
+        Q_EMIT addressChanged();
+}
+
+void ContentView::setStreamAddressFocused(bool focused)
+{
+    if (std::exchange(m_isStreamAddressFocused, focused) != focused)
+        Q_EMIT isStreamAddressFocusedChanged();
+}
+
+void ContentView::setShowMovieName(bool show)
+{
+    if (std::exchange(m_showMovieName, show) != show)
+        Q_EMIT showMovieNameChanged();
+}
+
+void ContentView::openStream()
+{
+    m_model.openRemote(m_address, {});
+}
+
+void ContentView::sidebarShownOrHidden()
+{
+    Q_EMIT showSidebarChanged();
+    if (showSidebar() && m_selectedSidebarSection == PlayerSidebarSection::Network) {
+        // Once it has slid in.
+        m_addressFocusTask.start(addressFocusDelay, [this] {
+            if (showSidebar())
+                setStreamAddressFocused(true);
+        });
+    } else {
+        setStreamAddressFocused(false);
+    }
+    setShowMovieName(false);
+}
+
+void ContentView::takePlaylist()
+{
+    switch (m_selectedSidebarSection) {
+    case PlayerSidebarSection::LocalM3U:
+        m_localM3UStore.replaceEntries(m_model.playlist());
+        break;
+    case PlayerSidebarSection::Network:
+        m_networkPlaylist = m_model.playlist();
+        Q_EMIT networkPlaylistChanged();
+        break;
+    }
+}
+
+void ContentView::surfaceClicked()
+{
+    m_controlBar.setShowSidebar(false, sidebarCloseAnimation);
+}
+
+bool ContentView::acceptsDrop(const QList<QUrl> &urls) const
+{
+    return !urls.isEmpty() && urls.constFirst().isLocalFile();
+}
+
+void ContentView::drop(const QList<QUrl> &urls)
+{
+    if (acceptsDrop(urls))
+        openUrl(urls.constFirst());
+}
+
+void ContentView::openUrl(const QUrl &url)
+{
+    m_model.play(url, url.fileName(), false);
+}
+
+} // namespace zeph

@@ -1,0 +1,65 @@
+// The sidebar: a section, and above it the buttons that choose it.
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import ZephPlayer.Library
+
+Pane {
+    id: sidebar
+
+    required property ContentView view
+
+    width: 246
+    padding: 10
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Sidebar")
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 10
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 4
+
+            SidebarSectionButton {
+                view: sidebar.view
+                section: PlayerSidebarSection.Network
+                title: qsTr("Network")
+                symbol: "network"
+            }
+            SidebarSectionButton {
+                view: sidebar.view
+                section: PlayerSidebarSection.LocalM3U
+                title: qsTr("Local M3U")
+                symbol: "folder"
+            }
+        }
+
+        Rectangle {
+            Layout.fillWidth: true
+            implicitHeight: 1
+            color: Qt.alpha(sidebar.palette.windowText, 0.14)
+        }
+
+        SidebarPanel {
+            section: PlayerSidebarSection.Network
+            view: sidebar.view
+
+            NetworkPanel {
+                anchors.fill: parent
+                view: sidebar.view
+            }
+        }
+        SidebarPanel {
+            section: PlayerSidebarSection.LocalM3U
+            view: sidebar.view
+
+            LocalM3UPanel {
+                anchors.fill: parent
+                view: sidebar.view
+            }
+        }
+    }
+}
