@@ -46,6 +46,8 @@ ZephPlayerApp::ZephPlayerApp()
     QApplication::setQuitOnLastWindowClosed(
         m_appDelegate.applicationShouldTerminateAfterLastWindowClosed());
     m_appDelegate.applicationDidFinishLaunching();
+    QObject::connect(&m_player, &PlayerModel::isPlayingChanged, &m_sleepInhibitor,
+        [this] { m_sleepInhibitor.setInhibiting(m_player.isPlaying()); });
 }
 
 void ZephPlayerApp::preparePlayer()

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "app/MenuCommands.h"
+#include "app/MprisService.h"
 #include "app/ZephApplicationDelegate.h"
 #include "library/ContentView.h"
 #include "platform/FilePanels.h"
+#include "platform/SleepInhibitor.h"
 #include "platform/UserDefaults.h"
 #include "player/PlayerModel.h"
 
@@ -36,6 +38,8 @@ private:
     UserDefaults m_defaults;
     ContentView m_view { m_player, m_defaults, m_panels };
     MenuCommands m_commands { m_view };
+    MprisService m_mpris { m_view };
+    SleepInhibitor m_sleepInhibitor { QStringLiteral("Playing media") };
     QQmlApplicationEngine m_engine;
 };
 

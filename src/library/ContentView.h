@@ -94,6 +94,8 @@ public:
     bool isFullScreen() const { return m_isFullScreen; }
     bool fullScreenControlsVisible() const { return m_fullScreenControlsVisible; }
     Q_INVOKABLE void toggleFullScreen();
+    /// Brings the window before the others.
+    void raise();
     /// Shows the controls for the next while.
     void showFullScreenControls();
 

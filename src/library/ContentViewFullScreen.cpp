@@ -28,6 +28,14 @@ void ContentView::toggleFullScreen()
         zeph::toggleFullScreen(*m_window);
 }
 
+void ContentView::raise()
+{
+    if (!m_window)
+        return;
+    m_window->raise();
+    m_window->requestActivate();
+}
+
 /// The menus have a key for full screen, too, which also works while a text is edited.
 bool ContentView::handleKeyPress(const QKeyEvent &press)
 {

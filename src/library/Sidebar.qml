@@ -12,6 +12,17 @@ Pane {
     width: 246
     padding: 10
 
+    background: Rectangle {
+        color: sidebar.palette.window
+
+        Rectangle {
+            anchors.right: parent.right
+            width: 1
+            height: parent.height
+            color: Qt.alpha(sidebar.palette.windowText, 0.14)
+        }
+    }
+
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Sidebar")
 

@@ -11,6 +11,7 @@ ControlButton {
     symbol: controlBar.displayModeSymbol
     help: qsTr("Video display mode")
     implicitWidth: 31
+    ToolTip.visible: hovered && !down && !menu.visible
     onClicked: menu.popup(button, 0, -menu.height - 4)
 
     Menu {
