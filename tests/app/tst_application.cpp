@@ -31,6 +31,8 @@ class Program {
 public:
     explicit Program(const QStringList &arguments = {})
     {
+        // Out of the way, so that nothing shows a tool tip.
+        xdotool({ QStringLiteral("mousemove"), QStringLiteral("0"), QStringLiteral("0") });
         m_process.setProcessChannelMode(QProcess::MergedChannels);
         m_process.start(qEnvironmentVariable("ZEPH_PLAYER"), arguments);
         m_process.waitForStarted();
@@ -80,11 +82,11 @@ public:
         return QGuiApplication::primaryScreen()->grabWindow(window().toULongLong()).toImage();
     }
 
-    /// Whether the menu bar is there, which is drawn together with all else.
+    /// Whether the control bar is there, which lies at the lower edge.
     bool isDrawn() const
     {
         const QImage image = screen();
-        return !image.isNull() && image.pixelColor(3, 3).lightness() > 60;
+        return !image.isNull() && image.pixelColor(3, image.height() - 3).lightness() > 60;
     }
 
     /// Whether the quarters of the picture have the colours of the colours clip.
