@@ -36,6 +36,7 @@ int ZephPlayerApp::run(int argc, char *argv[])
         app.preparePlayer();
     if (!app.showMainWindow())
         return EXIT_FAILURE;
+    app.m_appearance.follow();
     if (!argument.isEmpty())
         app.openUrl(addressFromArgument(argument));
     return QApplication::exec();

@@ -5,6 +5,7 @@
 #include "app/MprisService.h"
 #include "app/ZephApplicationDelegate.h"
 #include "library/ContentView.h"
+#include "platform/DesktopAppearance.h"
 #include "platform/FilePanels.h"
 #include "platform/SleepInhibitor.h"
 #include "platform/UserDefaults.h"
@@ -33,6 +34,7 @@ public:
 
 private:
     ZephApplicationDelegate m_appDelegate;
+    DesktopAppearance m_appearance;
     DesktopFilePanels m_panels;
     PlayerModel m_player { m_panels };
     UserDefaults m_defaults;
