@@ -209,6 +209,31 @@ private Q_SLOTS:
         QVERIFY(program.isRunning());
     }
 
+    void theWindowTakesTheWidthOfThePicture()
+    {
+        Program program({ clipPath(QStringLiteral("numbered-25.mp4")) });
+        QTRY_VERIFY_WITH_TIMEOUT(program.isDrawn() && program.screen().width() != 700, 20000);
+        const QSize size = program.screen().size();
+        QCOMPARE(size.height(), 430);
+        const double menuBar = 430 - 34 - size.width() * 9.0 / 16;
+        QVERIFY2(menuBar > 15 && menuBar < 50, qPrintable(QString::number(menuBar)));
+    }
+
+    void fullScreenAndBack()
+    {
+        Program program({ clipPath(QStringLiteral("colours.mp4")) });
+        QTRY_VERIFY_WITH_TIMEOUT(program.showsColours(), 20000);
+        const QSize screen = QGuiApplication::primaryScreen()->size();
+        for (const char *key : { "Escape", "F11", "f" }) {
+            program.press(QStringLiteral("F11"));
+            QTRY_COMPARE_WITH_TIMEOUT(program.screen().size(), screen, 20000);
+            // Neither menu bar nor controls: the corners are the picture's, or black.
+            QTRY_VERIFY(!program.isDrawn() || program.showsColours());
+            program.press(QLatin1StringView(key));
+            QTRY_COMPARE_WITH_TIMEOUT(program.screen().height(), 430, 20000);
+        }
+    }
+
     void aTerminationSignalEndsIt()
     {
         Program program;
