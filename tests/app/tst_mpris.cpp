@@ -134,7 +134,7 @@ private Q_SLOTS:
         Player player;
         player.model.play(longClip(), QStringLiteral("סרט"), false);
         Widget widget(m_widgetBus);
-        ZEPH_WAIT_UNTIL(player.model.duration() > 0);
+        QTRY_VERIFY(player.model.duration() > 0);
         const QVariantMap metadata = widget.metadata();
         QCOMPARE(metadata.value(QStringLiteral("xesam:title")).toString(), QStringLiteral("סרט"));
         QCOMPARE(metadata.value(QStringLiteral("mpris:length")).toLongLong(), 30'000'000);
@@ -144,12 +144,12 @@ private Q_SLOTS:
 
         widget.told.clear();
         player.model.togglePlayback();
-        ZEPH_WAIT_UNTIL(widget.told.value(QStringLiteral("PlaybackStatus")).toString()
+        QTRY_VERIFY(widget.told.value(QStringLiteral("PlaybackStatus")).toString()
             == QStringLiteral("Paused"));
         player.model.setVolume(0.3);
-        ZEPH_WAIT_UNTIL(widget.told.value(QStringLiteral("Volume")).toDouble() == 0.3);
+        QTRY_VERIFY(widget.told.value(QStringLiteral("Volume")).toDouble() == 0.3);
         player.model.stop();
-        ZEPH_WAIT_UNTIL(widget.told.value(QStringLiteral("PlaybackStatus")).toString()
+        QTRY_VERIFY(widget.told.value(QStringLiteral("PlaybackStatus")).toString()
             == QStringLiteral("Stopped"));
         QVERIFY(!widget.metadata().contains(QStringLiteral("xesam:title")));
     }
@@ -158,19 +158,19 @@ private Q_SLOTS:
     {
         Player player;
         player.model.play(longClip(), {}, false);
-        ZEPH_WAIT_UNTIL(player.model.duration() > 0);
+        QTRY_VERIFY(player.model.duration() > 0);
         player.model.togglePlayback();
         Widget widget(m_widgetBus);
         const auto track =
             widget.metadata().value(QStringLiteral("mpris:trackid")).value<QDBusObjectPath>();
         widget.call(QStringLiteral("SetPosition"),
             { QVariant::fromValue(track), QVariant::fromValue(qlonglong(20'000'000)) });
-        ZEPH_WAIT_UNTIL(player.model.currentTime() == 20);
-        ZEPH_WAIT_UNTIL(!widget.jumps.isEmpty());
+        QTRY_VERIFY(player.model.currentTime() == 20);
+        QTRY_VERIFY(!widget.jumps.isEmpty());
         QCOMPARE(widget.jumps, QList<qlonglong> { 20'000'000 });
         QCOMPARE(widget.get(QStringLiteral("Position")).toLongLong(), 20'000'000);
         widget.call(QStringLiteral("Seek"), { QVariant::fromValue(qlonglong(-5'000'000)) });
-        ZEPH_WAIT_UNTIL(player.model.currentTime() == 15);
+        QTRY_VERIFY(player.model.currentTime() == 15);
 
         // Past the end, and for a track that does not play any more.
         widget.call(QStringLiteral("SetPosition"),
@@ -179,7 +179,7 @@ private Q_SLOTS:
         widget.call(QStringLiteral("SetPosition"),
             { QVariant::fromValue(other), QVariant::fromValue(qlonglong(3'000'000)) });
         widget.call(QStringLiteral("Seek"), { QVariant::fromValue(qlonglong(1'000'000)) });
-        ZEPH_WAIT_UNTIL(player.model.currentTime() == 16);
+        QTRY_VERIFY(player.model.currentTime() == 16);
     }
 
     void setsTheVolume()

@@ -34,7 +34,7 @@ public:
     {
         window.show();
         const auto hasFrame = [this] { return !window.frameMargins().isNull(); };
-        return QTest::qWaitFor(hasFrame, int(patience.count())) && settles();
+        return QTest::qWaitFor(hasFrame, patience) && settles();
     }
     /// Waits until its width has not changed for longer than a fit takes.
     bool settles()
@@ -121,10 +121,10 @@ private Q_SLOTS:
     {
         TitledWindow test;
         test.set("title", QStringLiteral("שלום.mp4"));
-        ZEPH_WAIT_UNTIL(test.window.title() == QStringLiteral("שלום.mp4"));
+        QTRY_VERIFY(test.window.title() == QStringLiteral("שלום.mp4"));
         QVERIFY(test.show());
         test.set("title", QStringLiteral("another"));
-        ZEPH_WAIT_UNTIL(test.window.title() == QStringLiteral("another"));
+        QTRY_VERIFY(test.window.title() == QStringLiteral("another"));
     }
 
     void theSmallestSizes()
@@ -134,11 +134,11 @@ private Q_SLOTS:
         QVERIFY(test.show());
         QCOMPARE(test.window.minimumSize(), QSize(520, 360));
         test.set("sidebarVisible", true);
-        ZEPH_WAIT_UNTIL(test.window.size() == QSize(780, 430));
+        QTRY_VERIFY(test.window.size() == QSize(780, 430));
         QCOMPARE(test.window.minimumSize(), QSize(780, 360));
         QVERIFY(test.settles());
         test.set("sidebarVisible", false);
-        ZEPH_WAIT_UNTIL(test.window.minimumSize() == QSize(520, 360));
+        QTRY_VERIFY(test.window.minimumSize() == QSize(520, 360));
         QCOMPARE(test.window.size(), QSize(780, 430));
     }
 
@@ -148,7 +148,7 @@ private Q_SLOTS:
         test.window.resize(800, 380);
         QVERIFY(test.show());
         test.set("sidebarVisible", true);
-        ZEPH_WAIT_UNTIL(test.window.minimumSize() == QSize(780, 360));
+        QTRY_VERIFY(test.window.minimumSize() == QSize(780, 360));
         QCOMPARE(test.window.size(), QSize(800, 380));
     }
 
@@ -174,11 +174,10 @@ private Q_SLOTS:
         QVERIFY(test.show());
         const QRect before = frameOnScreen(test.window);
         test.load(aspectRatio);
-        ZEPH_WAIT_UNTIL(test.window.width() == width);
+        QTRY_VERIFY(test.window.width() == width);
         QCOMPARE(test.window.height(), 464);
         const QMargins margins = test.window.frameMargins();
-        ZEPH_WAIT_UNTIL(
-            frameOnScreen(test.window).width() == width + margins.left() + margins.right());
+        QTRY_VERIFY(frameOnScreen(test.window).width() == width + margins.left() + margins.right());
         QCOMPARE(frameOnScreen(test.window).topLeft(), before.topLeft());
         QCOMPARE(frameOnScreen(test.window).height(), before.height());
     }
@@ -190,8 +189,8 @@ private Q_SLOTS:
         QVERIFY(test.show());
         test.load(20);
         const QRect available = test.window.screen()->availableGeometry();
-        ZEPH_WAIT_UNTIL(frameOnScreen(test.window).width() == available.width());
-        ZEPH_WAIT_UNTIL(frameOnScreen(test.window).left() == available.left());
+        QTRY_VERIFY(frameOnScreen(test.window).width() == available.width());
+        QTRY_VERIFY(frameOnScreen(test.window).left() == available.left());
         QCOMPARE(test.window.height(), 464);
     }
 
@@ -202,8 +201,8 @@ private Q_SLOTS:
         test.window.setGeometry(available.right() - 650, 100, 600, 464);
         QVERIFY(test.show());
         test.load(16.0 / 9);
-        ZEPH_WAIT_UNTIL(test.window.width() == 764);
-        ZEPH_WAIT_UNTIL(frameOnScreen(test.window).right() == available.right());
+        QTRY_VERIFY(test.window.width() == 764);
+        QTRY_VERIFY(frameOnScreen(test.window).right() == available.right());
     }
 
     void noRatioFitsNothing_data()
@@ -225,7 +224,7 @@ private Q_SLOTS:
         QCOMPARE(test.window.width(), 700);
         // The load is still to be fitted.
         test.set("videoAspectRatio", 16.0 / 9);
-        ZEPH_WAIT_UNTIL(test.window.width() == 764);
+        QTRY_VERIFY(test.window.width() == 764);
     }
 
     void aRatioOfAnotherLoadWaits()
@@ -240,7 +239,7 @@ private Q_SLOTS:
         QVERIFY(test.settles());
         QCOMPARE(test.window.width(), 700);
         test.set("videoAspectMediaLoadID", id);
-        ZEPH_WAIT_UNTIL(test.window.width() == 764);
+        QTRY_VERIFY(test.window.width() == 764);
     }
 
     void aLoadIsFittedOnce()
@@ -249,7 +248,7 @@ private Q_SLOTS:
         test.window.resize(700, 464);
         QVERIFY(test.show());
         test.load(16.0 / 9);
-        ZEPH_WAIT_UNTIL(test.window.width() == 764);
+        QTRY_VERIFY(test.window.width() == 764);
         QVERIFY(test.settles());
         test.window.resize(900, 464);
         test.set("videoAspectRatio", 21.0 / 9);
@@ -266,7 +265,7 @@ private Q_SLOTS:
         connect(&test.window, &QWindow::widthChanged, this, [&](int width) { widths << width; });
         test.load(21.0 / 9);
         test.load(16.0 / 9);
-        ZEPH_WAIT_UNTIL(test.window.width() == 764);
+        QTRY_VERIFY(test.window.width() == 764);
         QCOMPARE(widths, QList<int> { 764 });
     }
 
@@ -278,13 +277,13 @@ private Q_SLOTS:
         test.window.setWindowState(Qt::WindowFullScreen);
         test.set("isFullScreen", true);
         const QSize screen = test.window.screen()->size();
-        ZEPH_WAIT_UNTIL(test.window.size() == screen);
+        QTRY_VERIFY(test.window.size() == screen);
         test.load(16.0 / 9);
         QVERIFY(test.settles());
         QCOMPARE(test.window.size(), screen);
         test.window.setWindowState(Qt::WindowNoState);
         test.set("isFullScreen", false);
-        ZEPH_WAIT_UNTIL(test.window.size() == QSize(764, 464));
+        QTRY_VERIFY(test.window.size() == QSize(764, 464));
     }
 
     void aMaximizedWindowIsFittedOnceItIsRestored()
@@ -293,13 +292,13 @@ private Q_SLOTS:
         test.window.resize(700, 464);
         QVERIFY(test.show());
         test.window.setWindowState(Qt::WindowMaximized);
-        ZEPH_WAIT_UNTIL(test.window.width() > 1000);
+        QTRY_VERIFY(test.window.width() > 1000);
         const QSize maximized = test.window.size();
         test.load(16.0 / 9);
         QVERIFY(test.settles());
         QCOMPARE(test.window.size(), maximized);
         test.window.setWindowState(Qt::WindowNoState);
-        ZEPH_WAIT_UNTIL(test.window.size() == QSize(764, 464));
+        QTRY_VERIFY(test.window.size() == QSize(764, 464));
     }
 
     void aWindowThatIsBeingResizedIsFittedAfterwards()
@@ -309,14 +308,14 @@ private Q_SLOTS:
         QVERIFY(test.show());
         QSignalSpy resized(&test.window, &QWindow::widthChanged);
         test.window.resize(720, 464);
-        ZEPH_WAIT_UNTIL(!resized.isEmpty());
+        QTRY_VERIFY(!resized.isEmpty());
         test.load(16.0 / 9);
         for (int width = 730; width <= 760; width += 5) {
             test.window.resize(width, 464);
             QVERIFY(resized.wait());
             QCOMPARE(test.window.width(), width);
         }
-        ZEPH_WAIT_UNTIL(test.window.width() == 764);
+        QTRY_VERIFY(test.window.width() == 764);
     }
 
     void aWindowThatIsGoneIsNotFitted()

@@ -39,8 +39,7 @@ struct ContentWindow {
     {
         view.toggleFullScreen();
         return QTest::qWaitFor(
-            [this] { return window->width() == window->screen()->size().width(); },
-            int(zeph::patience.count()));
+            [this] { return window->width() == window->screen()->size().width(); }, patience);
     }
 
     QTemporaryDir folder;

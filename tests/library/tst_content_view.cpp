@@ -1,6 +1,7 @@
 // The main window: its sidebar, what is dropped on it, its sheets and alerts.
 #include "ContentWindow.h"
 #include "platform/PlayerNotifications.h"
+#include "support/Patience.h"
 
 #include <QFile>
 #include <QMimeData>
@@ -62,10 +63,10 @@ private Q_SLOTS:
         const double bar = user.find(QStringLiteral("Playback controls"))->width();
         test.view.controlBar()->toggleSidebar();
         QCOMPARE(test.view.sidebarAnimation(), 180);
-        ZEPH_WAIT_UNTIL(user.find(QStringLiteral("Playback controls"))->width() == bar - 246);
-        ZEPH_WAIT_UNTIL(user.pointIn(network, 0, 0).x() >= 0);
+        QTRY_VERIFY(user.find(QStringLiteral("Playback controls"))->width() == bar - 246);
+        QTRY_VERIFY(user.pointIn(network, 0, 0).x() >= 0);
         test.view.controlBar()->toggleSidebar();
-        ZEPH_WAIT_UNTIL(user.find(QStringLiteral("Playback controls"))->width() == bar);
+        QTRY_VERIFY(user.find(QStringLiteral("Playback controls"))->width() == bar);
         QVERIFY(!user.shows(network));
     }
 
@@ -77,7 +78,7 @@ private Q_SLOTS:
         const double width = controls->width();
         QSignalSpy resized(controls, &QQuickItem::widthChanged);
         test.view.controlBar()->toggleSidebar();
-        ZEPH_WAIT_UNTIL(controls->width() == width - 246);
+        QTRY_VERIFY(controls->width() == width - 246);
         QVERIFY(resized.size() > 2);
     }
 
@@ -91,7 +92,7 @@ private Q_SLOTS:
         test.view.controlBar()->toggleSidebar();
         QVERIFY(!test.view.showMovieName());
         QVERIFY(!test.view.isStreamAddressFocused());
-        ZEPH_WAIT_UNTIL(test.driver().focused() == addressField);
+        QTRY_VERIFY(test.driver().focused() == addressField);
         QVERIFY(time.elapsed() >= 170);
         QVERIFY(test.view.isStreamAddressFocused());
 
@@ -99,7 +100,7 @@ private Q_SLOTS:
         test.view.controlBar()->toggleSidebar();
         QVERIFY(!test.view.isStreamAddressFocused());
         QVERIFY(!test.view.showMovieName());
-        ZEPH_WAIT_UNTIL(test.driver().focused() != addressField);
+        QTRY_VERIFY(test.driver().focused() != addressField);
     }
 
     void theLocalSectionDoesNot()
@@ -130,14 +131,14 @@ private Q_SLOTS:
         QVERIFY(test.isUp());
         const Driver user = test.driver();
         test.view.controlBar()->toggleSidebar();
-        ZEPH_WAIT_UNTIL(user.focused() == addressField);
+        QTRY_VERIFY(user.focused() == addressField);
         QVERIFY(user.state(network).checked);
         user.click(localM3U);
         QCOMPARE(test.view.selectedSidebarSection(), PlayerSidebarSection::LocalM3U);
         QVERIFY(user.state(localM3U).checked);
         QVERIFY(!user.state(network).checked);
-        ZEPH_WAIT_UNTIL(!user.shows(addressField));
-        ZEPH_WAIT_UNTIL(user.shows(QStringLiteral("Add M3U8 Link")));
+        QTRY_VERIFY(!user.shows(addressField));
+        QTRY_VERIFY(user.shows(QStringLiteral("Add M3U8 Link")));
     }
 
     void aClickOnThePictureClosesTheSidebar()
@@ -158,12 +159,12 @@ private Q_SLOTS:
         QVERIFY(test.isUp());
         const Driver user = test.driver();
         test.view.controlBar()->toggleSidebar();
-        ZEPH_WAIT_UNTIL(user.focused() == addressField);
+        QTRY_VERIFY(user.focused() == addressField);
         for (const QChar letter : QStringLiteral("ftp: x"))
             QTest::sendKeyEvent(QTest::Click, test.window, Qt::Key_unknown, letter, {});
         QCOMPARE(test.view.address(), QStringLiteral("ftp: x"));
         QTest::keyClick(test.window, Qt::Key_Return);
-        ZEPH_WAIT_UNTIL(user.shows(QStringLiteral("Enter a valid HTTP or HTTPS address.")));
+        QTRY_VERIFY(user.shows(QStringLiteral("Enter a valid HTTP or HTTPS address.")));
     }
 
     void aListGoesToTheSectionThatIsSelected()
@@ -254,7 +255,7 @@ private Q_SLOTS:
         test.view.addLocalEntry();
         test.view.addLocalEntry(); // There is one already.
         QCOMPARE(test.view.editForms().size(), 1);
-        ZEPH_WAIT_UNTIL(user.focused() == QStringLiteral("Channel or video name"));
+        QTRY_VERIFY(user.focused() == QStringLiteral("Channel or video name"));
         QVERIFY(user.shows(QStringLiteral("Add M3U8 Link")));
         LocalM3UItemEditView *form = test.view.editForms().constFirst();
         form->setProperty("name", QStringLiteral("News"));
@@ -263,7 +264,7 @@ private Q_SLOTS:
         QVERIFY(test.view.editForms().isEmpty());
         QCOMPARE(
             names(test.view.localM3UStore()->entries()), QStringList { QStringLiteral("News") });
-        ZEPH_WAIT_UNTIL(!user.shows(QStringLiteral("Channel or video name")));
+        QTRY_VERIFY(!user.shows(QStringLiteral("Channel or video name")));
     }
 
     void aLinkIsEditedInASheet()
@@ -273,14 +274,14 @@ private Q_SLOTS:
         test.view.localM3UStore()->replaceEntries(savedLinks(QStringLiteral("Link "), 2));
         test.view.editLocalEntry(test.view.localM3UStore()->entries().at(1));
         const Driver user = test.driver();
-        ZEPH_WAIT_UNTIL(user.shows(QStringLiteral("Edit M3U8 Link")));
+        QTRY_VERIFY(user.shows(QStringLiteral("Edit M3U8 Link")));
         test.view.editForms().constFirst()->setProperty("name", QStringLiteral("Renamed"));
         QTest::keyClick(test.window, Qt::Key_Return);
         QCOMPARE(names(test.view.localM3UStore()->entries()),
             (QStringList { QStringLiteral("Link 0"), QStringLiteral("Renamed") }));
 
         test.view.editLocalEntry(test.view.localM3UStore()->entries().at(0));
-        ZEPH_WAIT_UNTIL(user.focused() == QStringLiteral("Channel or video name"));
+        QTRY_VERIFY(user.focused() == QStringLiteral("Channel or video name"));
         QTest::keyClick(test.window, Qt::Key_Escape);
         QVERIFY(test.view.editForms().isEmpty());
     }
@@ -292,21 +293,21 @@ private Q_SLOTS:
         const Driver user = test.driver();
         test.view.localM3UStore()->replaceEntries(savedLinks(QStringLiteral("Link "), 3));
         test.view.setConfirmingLocalClear(true);
-        ZEPH_WAIT_UNTIL(user.focused() == cancel);
+        QTRY_VERIFY(user.focused() == cancel);
         QVERIFY(user.shows(clearTitle));
         QVERIFY(user.shows(QStringLiteral("This permanently deletes every saved local M3U8 link. "
                                           "This action cannot be undone.")));
         user.click(cancel);
         QVERIFY(!test.view.confirmingLocalClear());
-        ZEPH_WAIT_UNTIL(!user.shows(clearTitle));
+        QTRY_VERIFY(!user.shows(clearTitle));
         QCOMPARE(test.view.localM3UStore()->entries().size(), 3);
 
         test.view.setConfirmingLocalClear(true);
-        ZEPH_WAIT_UNTIL(user.focused() == cancel);
+        QTRY_VERIFY(user.focused() == cancel);
         user.click(QStringLiteral("Delete Permanently"));
         QVERIFY(test.view.localM3UStore()->entries().isEmpty());
         QVERIFY(!test.view.confirmingLocalClear());
-        ZEPH_WAIT_UNTIL(!user.shows(clearTitle));
+        QTRY_VERIFY(!user.shows(clearTitle));
     }
 
     void escapeClosesAnAlert()
@@ -316,10 +317,10 @@ private Q_SLOTS:
         const Driver user = test.driver();
         for (int i = 0; i < 2; ++i) {
             test.view.setConfirmingLocalClear(true);
-            ZEPH_WAIT_UNTIL(user.focused() == cancel);
+            QTRY_VERIFY(user.focused() == cancel);
             QTest::keyClick(test.window, Qt::Key_Escape);
-            ZEPH_WAIT_UNTIL(!test.view.confirmingLocalClear());
-            ZEPH_WAIT_UNTIL(!user.shows(clearTitle));
+            QTRY_VERIFY(!test.view.confirmingLocalClear());
+            QTRY_VERIFY(!user.shows(clearTitle));
         }
     }
 
@@ -334,17 +335,17 @@ private Q_SLOTS:
             QStringLiteral(
                 "Are you sure you want to delete this channel? This action cannot be undone."));
         test.view.setDeletingLocalEntry(store.entries().at(1));
-        ZEPH_WAIT_UNTIL(user.focused() == cancel);
+        QTRY_VERIFY(user.focused() == cancel);
         QVERIFY(user.shows(deleteTitle));
         QVERIFY(user.shows(QStringLiteral("Are you sure you want to delete \"Link 1\" from Local "
                                           "M3U? This action cannot be undone.")));
         user.click(cancel);
         QVERIFY(!test.view.confirmingLocalDelete());
         QCOMPARE(store.entries().size(), 3);
-        ZEPH_WAIT_UNTIL(!user.shows(deleteTitle));
+        QTRY_VERIFY(!user.shows(deleteTitle));
 
         test.view.setDeletingLocalEntry(store.entries().at(1));
-        ZEPH_WAIT_UNTIL(user.focused() == cancel);
+        QTRY_VERIFY(user.focused() == cancel);
         user.click(QStringLiteral("Delete"));
         QCOMPARE(names(store.entries()),
             (QStringList { QStringLiteral("Link 0"), QStringLiteral("Link 2") }));
@@ -372,7 +373,7 @@ private Q_SLOTS:
         ContentWindow test;
         QVERIFY(test.isUp());
         test.view.addLocalEntry();
-        ZEPH_WAIT_UNTIL(test.driver().focused() == QStringLiteral("Channel or video name"));
+        QTRY_VERIFY(test.driver().focused() == QStringLiteral("Channel or video name"));
         QTest::keyClick(test.window, Qt::Key_F);
         QTest::keyClick(test.window, Qt::Key_Space);
         QVERIFY(!test.view.isFullScreen());

@@ -1,6 +1,7 @@
 // Full screen: the controls and the cursor come when the mouse moves, and go.
 #include "ContentWindow.h"
 #include "platform/PlayerNotifications.h"
+#include "support/Patience.h"
 
 #include <QCursor>
 #include <QSignalSpy>
@@ -30,14 +31,14 @@ private Q_SLOTS:
         QVERIFY(!test.view.isFullScreen());
         QTest::keyClick(test.window, Qt::Key_F);
         QVERIFY(test.view.isFullScreen());
-        ZEPH_WAIT_UNTIL(test.window->width() == test.window->screen()->size().width());
+        QTRY_VERIFY(test.window->width() == test.window->screen()->size().width());
         QTest::keyClick(test.window, Qt::Key_Escape);
         QVERIFY(!test.view.isFullScreen());
-        ZEPH_WAIT_UNTIL(test.window->size() == QSize(800, 500));
+        QTRY_VERIFY(test.window->size() == QSize(800, 500));
         QTest::keyClick(test.window, Qt::Key_F);
-        ZEPH_WAIT_UNTIL(test.window->width() == test.window->screen()->size().width());
+        QTRY_VERIFY(test.window->width() == test.window->screen()->size().width());
         QTest::keyClick(test.window, Qt::Key_F);
-        ZEPH_WAIT_UNTIL(test.window->size() == QSize(800, 500));
+        QTRY_VERIFY(test.window->size() == QSize(800, 500));
     }
 
     void aDoubleClickTogglesFullScreen()
@@ -45,7 +46,7 @@ private Q_SLOTS:
         ContentWindow test;
         QVERIFY(test.isUp());
         QTest::mouseDClick(test.window, Qt::LeftButton, {}, { 700, 30 });
-        ZEPH_WAIT_UNTIL(test.view.isFullScreen());
+        QTRY_VERIFY(test.view.isFullScreen());
     }
 
     void thePictureFillsTheScreen()
@@ -56,11 +57,11 @@ private Q_SLOTS:
         QQuickItem *surface = user.find(QStringLiteral("Open Media"))->parentItem();
         QCOMPARE(surface->height(), test.window->height() - 34);
         QVERIFY(test.goFullScreen());
-        ZEPH_WAIT_UNTIL(surface->height() == test.window->height());
+        QTRY_VERIFY(surface->height() == test.window->height());
         QVERIFY(!user.shows(controls));
         test.view.toggleFullScreen();
-        ZEPH_WAIT_UNTIL(surface->height() == 500 - 34);
-        ZEPH_WAIT_UNTIL(user.shows(controls));
+        QTRY_VERIFY(surface->height() == 500 - 34);
+        QTRY_VERIFY(user.shows(controls));
     }
 
     void controlsComeWithTheMouseAndGo()
@@ -72,10 +73,10 @@ private Q_SLOTS:
         QVERIFY(!user.shows(controls));
         test.moveMouse({ 300, 300 });
         QVERIFY(test.view.fullScreenControlsVisible());
-        ZEPH_WAIT_UNTIL(user.shows(controls) && user.find(controls)->opacity() == 1);
+        QTRY_VERIFY(user.shows(controls) && user.find(controls)->opacity() == 1);
         QVERIFY(user.pointIn(controls, 0.5, 1).y() < test.window->height());
-        ZEPH_WAIT_UNTIL(!test.view.fullScreenControlsVisible());
-        ZEPH_WAIT_UNTIL(!user.shows(controls));
+        QTRY_VERIFY(!test.view.fullScreenControlsVisible());
+        QTRY_VERIFY(!user.shows(controls));
     }
 
     void eachMovementStartsTheTimeAnew()
@@ -89,7 +90,7 @@ private Q_SLOTS:
         QElapsedTimer second;
         second.start();
         test.moveMouse({ 310, 300 });
-        ZEPH_WAIT_UNTIL(!test.view.fullScreenControlsVisible());
+        QTRY_VERIFY(!test.view.fullScreenControlsVisible());
         QVERIFY2(
             second.elapsed() >= 2500 - timerSlack, qPrintable(QString::number(second.elapsed())));
     }
@@ -125,13 +126,13 @@ private Q_SLOTS:
         other.resize(100, 100);
         other.show();
         other.requestActivate();
-        ZEPH_WAIT_UNTIL(QGuiApplication::focusWindow() == &other);
+        QTRY_VERIFY(QGuiApplication::focusWindow() == &other);
         QVERIFY(test.play());
         test.moveMouse({ 700, 700 });
         QVERIFY(!test.view.fullScreenControlsVisible());
         // Nor is a timer armed that acts once the window has the keyboard.
         test.window->requestActivate();
-        ZEPH_WAIT_UNTIL(QGuiApplication::focusWindow() == test.window);
+        QTRY_VERIFY(QGuiApplication::focusWindow() == test.window);
         QSignalSpy changed(&test.view, &ContentView::fullScreenControlsVisibleChanged);
         QVERIFY(!changed.wait(2500));
         QVERIFY(!test.view.isCursorHidden());
@@ -147,7 +148,7 @@ private Q_SLOTS:
         QSignalSpy changed(&test.view, &ContentView::fullScreenControlsVisibleChanged);
         QVERIFY(!changed.wait(3000));
         test.view.controlBar()->setSeeking(false);
-        ZEPH_WAIT_UNTIL(!test.view.fullScreenControlsVisible());
+        QTRY_VERIFY(!test.view.fullScreenControlsVisible());
     }
 
     void theCursorGoesAndComes()
@@ -159,13 +160,13 @@ private Q_SLOTS:
         moved.start();
         test.moveMouse({ 300, 300 });
         QVERIFY(!test.view.isCursorHidden());
-        ZEPH_WAIT_UNTIL(test.view.isCursorHidden());
+        QTRY_VERIFY(test.view.isCursorHidden());
         QVERIFY(moved.elapsed() >= 2000 - timerSlack);
         QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::BlankCursor);
         test.moveMouse({ 320, 300 });
         QVERIFY(!test.view.isCursorHidden());
         QVERIFY(!QGuiApplication::overrideCursor());
-        ZEPH_WAIT_UNTIL(test.view.isCursorHidden());
+        QTRY_VERIFY(test.view.isCursorHidden());
     }
 
     void theCursorStaysWhilePaused()
@@ -179,7 +180,7 @@ private Q_SLOTS:
         QVERIFY(!test.view.isCursorHidden());
         // Playing arms the timer though the mouse rests.
         test.model.togglePlayback();
-        ZEPH_WAIT_UNTIL(test.view.isCursorHidden());
+        QTRY_VERIFY(test.view.isCursorHidden());
     }
 
     void pausingInTimeKeepsTheCursor()
@@ -226,7 +227,7 @@ private Q_SLOTS:
         const Driver user = test.driver();
         const QString toast =
             QStringLiteral("No media or URL is available. Open a file or enter a stream URL.");
-        ZEPH_WAIT_UNTIL(user.shows(toast) && user.shows(controls));
+        QTRY_VERIFY(user.shows(toast) && user.shows(controls));
         QVERIFY(user.pointIn(toast, 0.5, 1).y() <= user.pointIn(controls, 0.5, 0).y());
     }
 };

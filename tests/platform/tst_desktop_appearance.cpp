@@ -61,13 +61,13 @@ private Q_SLOTS:
         QVERIFY(!isDark());
         DesktopAppearance look;
         look.follow();
-        ZEPH_WAIT_UNTIL(isDark());
+        QTRY_VERIFY(isDark());
         change(2);
-        ZEPH_WAIT_UNTIL(!isDark());
+        QTRY_VERIFY(!isDark());
         change(1);
-        ZEPH_WAIT_UNTIL(isDark());
+        QTRY_VERIFY(isDark());
         change(0);
-        ZEPH_WAIT_UNTIL(!isDark());
+        QTRY_VERIFY(!isDark());
     }
 
 private:

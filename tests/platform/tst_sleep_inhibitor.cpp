@@ -88,15 +88,15 @@ private Q_SLOTS:
 
         SleepInhibitor inhibitor(QStringLiteral("A film"));
         inhibitor.setInhibiting(true);
-        ZEPH_WAIT_UNTIL(portal.flags == QList<uint> { 12 }); // Suspending, and being idle.
+        QTRY_VERIFY(portal.flags == QList<uint> { 12 }); // Suspending, and being idle.
         QCOMPARE(portal.reasons, QStringList { QStringLiteral("A film") });
         inhibitor.setInhibiting(false);
-        ZEPH_WAIT_UNTIL(first.closed == 1);
+        QTRY_VERIFY(first.closed == 1);
         inhibitor.setInhibiting(true);
-        ZEPH_WAIT_UNTIL(portal.flags.size() == 2);
+        QTRY_VERIFY(portal.flags.size() == 2);
         inhibitor.setInhibiting(true);
         inhibitor.setInhibiting(false);
-        ZEPH_WAIT_UNTIL(second.closed == 1);
+        QTRY_VERIFY(second.closed == 1);
         QCOMPARE(portal.flags.size(), 2);
         QCOMPARE(first.closed, 1);
     }
@@ -110,9 +110,9 @@ private Q_SLOTS:
 
         SleepInhibitor inhibitor(QStringLiteral("A film"));
         inhibitor.setInhibiting(true);
-        ZEPH_WAIT_UNTIL(saver.reasons == QStringList { QStringLiteral("A film") });
+        QTRY_VERIFY(saver.reasons == QStringList { QStringLiteral("A film") });
         inhibitor.setInhibiting(false);
-        ZEPH_WAIT_UNTIL(saver.released == QList<uint> { 41 });
+        QTRY_VERIFY(saver.released == QList<uint> { 41 });
     }
 
     void whatIsGrantedTooLateIsGivenBack()
@@ -126,8 +126,8 @@ private Q_SLOTS:
             inhibitor.setInhibiting(true);
             inhibitor.setInhibiting(false);
         }
-        ZEPH_WAIT_UNTIL(saver.reasons.size() == 1);
-        ZEPH_WAIT_UNTIL(saver.released == QList<uint> { 41 });
+        QTRY_VERIFY(saver.reasons.size() == 1);
+        QTRY_VERIFY(saver.released == QList<uint> { 41 });
     }
 
     void whereThereIsNeitherNothingHappens()
@@ -146,7 +146,7 @@ private Q_SLOTS:
             inhibitor.setInhibiting(true);
             return !saver.reasons.isEmpty();
         };
-        ZEPH_WAIT_UNTIL(asked());
+        QTRY_VERIFY(asked());
     }
 
     void withoutABusNothingHappens()

@@ -34,7 +34,7 @@ struct BarWindow {
     bool open(const QUrl &url)
     {
         model.play(url, {}, false);
-        if (!QTest::qWaitFor([this] { return model.duration() > 0; }, int(patience.count())))
+        if (!QTest::qWaitFor([this] { return model.duration() > 0; }, patience))
             return false;
         model.togglePlayback();
         return !model.isPlaying();
@@ -76,10 +76,10 @@ private Q_SLOTS:
         const Driver user = test.driver();
 
         user.click(forward);
-        ZEPH_WAIT_UNTIL(test.model.currentTime() >= 10);
+        QTRY_VERIFY(test.model.currentTime() >= 10);
         const double forwarded = test.model.currentTime();
         user.click(back);
-        ZEPH_WAIT_UNTIL(test.model.currentTime() == forwarded - 10);
+        QTRY_VERIFY(test.model.currentTime() == forwarded - 10);
         user.click(play);
         QVERIFY(test.model.isPlaying());
         user.click(pauseIt);
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(test.model.currentTime(), held);
         QTest::mouseRelease(test.window, Qt::LeftButton, {}, at(0.5));
         QVERIFY(!test.bar.seeking());
-        ZEPH_WAIT_UNTIL(std::abs(test.model.currentTime() - test.model.duration() / 2) < 0.5);
+        QTRY_VERIFY(std::abs(test.model.currentTime() - test.model.duration() / 2) < 0.5);
         QCOMPARE(user.value(position), test.model.currentTime());
     }
 
@@ -123,7 +123,7 @@ private Q_SLOTS:
         QVERIFY(test.isUp());
         QVERIFY(test.open(longClip()));
         test.driver().click(position);
-        ZEPH_WAIT_UNTIL(std::abs(test.model.currentTime() - test.model.duration() / 2) < 0.5);
+        QTRY_VERIFY(std::abs(test.model.currentTime() - test.model.duration() / 2) < 0.5);
     }
 
     void theVolumeSliderSetsTheVolume()
@@ -147,9 +147,9 @@ private Q_SLOTS:
         user.setValue(volume, 0.75);
         QCOMPARE(test.model.volume(), 0.75);
         user.setValue(position, 20);
-        ZEPH_WAIT_UNTIL(test.model.currentTime() == 20);
+        QTRY_VERIFY(test.model.currentTime() == 20);
         test.model.player()->seek(5); // They still follow.
-        ZEPH_WAIT_UNTIL(user.value(position) == 5);
+        QTRY_VERIFY(user.value(position) == 5);
     }
 
     void roles()
@@ -192,18 +192,18 @@ private Q_SLOTS:
         const Driver user = test.driver();
         test.bar.toggleSidebar();
         user.click(displayMode);
-        ZEPH_WAIT_UNTIL(user.shows(QStringLiteral("Smart Reframe")));
+        QTRY_VERIFY(user.shows(QStringLiteral("Smart Reframe")));
         QVERIFY(user.state(QStringLiteral("Normal")).checked);
         QVERIFY(!user.state(QStringLiteral("Portrait Fill")).checked);
         user.click(QStringLiteral("Portrait Fill"));
         QCOMPARE(test.bar.portraitMode(), PortraitDisplayMode::Fill);
         QVERIFY(!test.bar.showSidebar());
-        ZEPH_WAIT_UNTIL(!user.shows(QStringLiteral("Smart Reframe")));
+        QTRY_VERIFY(!user.shows(QStringLiteral("Smart Reframe")));
         user.click(displayMode);
-        ZEPH_WAIT_UNTIL(user.shows(QStringLiteral("Smart Reframe")));
+        QTRY_VERIFY(user.shows(QStringLiteral("Smart Reframe")));
         QVERIFY(user.state(QStringLiteral("Portrait Fill")).checked);
         QTest::keyClick(test.window, Qt::Key_Escape);
-        ZEPH_WAIT_UNTIL(!user.shows(QStringLiteral("Smart Reframe")));
+        QTRY_VERIFY(!user.shows(QStringLiteral("Smart Reframe")));
     }
 
     void theMenuStaysInTheWindow()
@@ -212,7 +212,7 @@ private Q_SLOTS:
         QVERIFY(test.isUp());
         const Driver user = test.driver();
         user.click(displayMode);
-        ZEPH_WAIT_UNTIL(user.shows(QStringLiteral("Smart Reframe")));
+        QTRY_VERIFY(user.shows(QStringLiteral("Smart Reframe")));
         for (const char *mode : { "Normal", "Smart Reframe" }) {
             const QString name = QString::fromLatin1(mode);
             const QRectF window(0, 0, test.window->width(), test.window->height());
@@ -226,10 +226,10 @@ private Q_SLOTS:
         BarWindow test;
         QVERIFY(test.isUp());
         test.driver().click(fullScreen);
-        ZEPH_WAIT_UNTIL(test.window->visibility() == QWindow::FullScreen);
-        ZEPH_WAIT_UNTIL(test.window->width() > 1000);
+        QTRY_VERIFY(test.window->visibility() == QWindow::FullScreen);
+        QTRY_VERIFY(test.window->width() > 1000);
         test.driver().click(fullScreen);
-        ZEPH_WAIT_UNTIL(test.window->visibility() == QWindow::Windowed);
+        QTRY_VERIFY(test.window->visibility() == QWindow::Windowed);
     }
 
     void everythingFitsIntoTheNarrowestWindow()
@@ -247,7 +247,7 @@ private Q_SLOTS:
         QVERIFY(test.isUp());
         const Driver user = test.driver();
         test.model.play(QUrl(QStringLiteral("http://127.0.0.1:9/a.m3u8")), {}, true);
-        ZEPH_WAIT_UNTIL(user.shows(QStringLiteral("Buffering…")));
+        QTRY_VERIFY(user.shows(QStringLiteral("Buffering…")));
         QVERIFY(!user.shows(openMedia));
         test.model.stop();
         QVERIFY(!user.shows(QStringLiteral("Buffering…")));
