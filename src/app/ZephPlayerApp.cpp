@@ -3,6 +3,7 @@
 #include "app/AddressArgument.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 
@@ -37,6 +38,7 @@ int ZephPlayerApp::run(int argc, char *argv[])
     if (!app.showMainWindow())
         return EXIT_FAILURE;
     app.m_appearance.follow();
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/zeph-player.svg")));
     if (!argument.isEmpty())
         app.openUrl(addressFromArgument(argument));
     return QApplication::exec();
