@@ -1,5 +1,6 @@
 #include "sources/web/OKVideoPlayerView.h"
 
+#include "sources/OKVideoContent.h"
 #include "sources/ServiceHosts.h"
 #include "sources/web/PageMessages.h"
 
@@ -36,20 +37,18 @@ OKVideoPlayerView::OKVideoPlayerView(QQuickItem *parent)
 {
 }
 
-void OKVideoPlayerView::setContent(const QVariant &content)
+std::optional<QString> OKVideoPlayerView::contentID(const QVariant &content) const
 {
-    // Nothing is there for a moment when something else is about to be shown.
     if (!content.canConvert<OKVideoContent>())
-        return;
-    m_content = content.value<OKVideoContent>();
-    update(m_content.id());
-    Q_EMIT contentChanged();
+        return std::nullopt;
+    return content.value<OKVideoContent>().id();
 }
 
 void OKVideoPlayerView::load(WebBrowser &browser)
 {
     browser.setUserScript(sayWhenThereIsAVideo());
-    browser.load(m_content.embedURL(), "https://" + QByteArray(okMainHost.data()) + '/');
+    browser.load(content().value<OKVideoContent>().embedURL(),
+        "https://" + QByteArray(okMainHost.data()) + '/');
 }
 
 } // namespace zeph

@@ -36,6 +36,23 @@ WebPlayerView::~WebPlayerView()
         surface.setView(nullptr);
 }
 
+void WebPlayerView::setContent(const QVariant &content)
+{
+    const std::optional<QString> id = contentID(content);
+    // Nothing is there for a moment when something else is about to be shown.
+    if (!id)
+        return;
+    m_content = content;
+    m_registry.setWebView(&m_page);
+    PlayerSurfaceRegistry::shared().setView(this);
+    if (*id != m_loadedContentID) {
+        m_loadedContentID = *id;
+        m_page.dropCommands();
+        retry();
+    }
+    Q_EMIT contentChanged();
+}
+
 void WebPlayerView::setBrowser(QQuickItem *item)
 {
     m_browser = qobject_cast<WebBrowser *>(item);
@@ -45,17 +62,6 @@ void WebPlayerView::setBrowser(QQuickItem *item)
         return;
     m_browser->setObserver(this);
     load();
-}
-
-void WebPlayerView::update(const QString &contentID)
-{
-    m_registry.setWebView(&m_page);
-    PlayerSurfaceRegistry::shared().setView(this);
-    if (contentID == m_loadedContentID)
-        return;
-    m_loadedContentID = contentID;
-    m_page.dropCommands();
-    retry();
 }
 
 void WebPlayerView::retry()

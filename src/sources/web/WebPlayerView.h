@@ -11,6 +11,7 @@
 #include <QQuickItem>
 
 #include <chrono>
+#include <optional>
 
 namespace zeph {
 
@@ -21,6 +22,8 @@ class WebPlayerView : public QQuickItem, private WebBrowserObserver {
     Q_OBJECT
     QML_ANONYMOUS
 
+    /// What is played. What is not of the view's kind is ignored; undefined until there is any.
+    Q_PROPERTY(QVariant content READ content WRITE setContent NOTIFY contentChanged)
     /// A browser is to be made and given to `browser`.
     Q_PROPERTY(bool wantsBrowser READ wantsBrowser NOTIFY wantsBrowserChanged)
     /// An item that is a `WebBrowser`. A child of this one.
@@ -33,6 +36,8 @@ class WebPlayerView : public QQuickItem, private WebBrowserObserver {
 public:
     ~WebPlayerView() override;
 
+    const QVariant &content() const { return m_content; }
+    void setContent(const QVariant &content);
     bool wantsBrowser() const { return m_wantsBrowser; }
     QQuickItem *browser() const { return m_browserItem; }
     void setBrowser(QQuickItem *item);
@@ -48,6 +53,7 @@ public:
     Q_INVOKABLE void browserIsMissing();
 
 Q_SIGNALS:
+    void contentChanged();
     void wantsBrowserChanged();
     void browserChanged();
     void failureChanged();
@@ -57,13 +63,13 @@ protected:
     WebPlayerView(
         WebPlayerRegistry &registry, std::chrono::milliseconds patience, QQuickItem *parent);
 
-    /// Registers the view, and loads its content if that is not what was loaded last.
-    void update(const QString &contentID);
     void pageLoaded() override;
     /// What was loaded is good: it is not waited for any longer.
     void stopWaiting() { m_waiting.cancel(); }
 
 private:
+    /// Another one for each content; none when it is not of the view's kind.
+    virtual std::optional<QString> contentID(const QVariant &content) const = 0;
     virtual void load(WebBrowser &browser) = 0;
 
     void pageFailed() override;
@@ -80,6 +86,7 @@ private:
     WebPlayerRegistry &m_registry;
     WebPlayerPage m_page;
     PageFullScreen m_fullScreen;
+    QVariant m_content;
     QString m_loadedContentID;
     bool m_wantsBrowser = false;
     QPointer<QQuickItem> m_browserItem;

@@ -2,6 +2,7 @@
 
 #include "sources/ServiceHosts.h"
 #include "sources/web/YouTubePage.h"
+#include "sources/YouTubeContent.h"
 
 using namespace std::chrono_literals;
 
@@ -12,19 +13,17 @@ YouTubePlayerView::YouTubePlayerView(QQuickItem *parent)
 {
 }
 
-void YouTubePlayerView::setContent(const QVariant &content)
+std::optional<QString> YouTubePlayerView::contentID(const QVariant &content) const
 {
-    // Nothing is there for a moment when something else is about to be shown.
     if (!content.canConvert<YouTubeContent>())
-        return;
-    m_content = content.value<YouTubeContent>();
-    update(m_content.id());
-    Q_EMIT contentChanged();
+        return std::nullopt;
+    return content.value<YouTubeContent>().id();
 }
 
 void YouTubePlayerView::load(WebBrowser &browser)
 {
-    browser.loadHtml(youTubePage(m_content), QUrl(webOrigin + QLatin1Char('/')));
+    browser.loadHtml(
+        youTubePage(content().value<YouTubeContent>()), QUrl(webOrigin + QLatin1Char('/')));
 }
 
 } // namespace zeph

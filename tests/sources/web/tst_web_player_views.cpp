@@ -1,10 +1,12 @@
 // The views of the web players, with a browser that records what it is asked for.
 #include "platform/PlayerNotifications.h"
 #include "platform/PlayerSurfaceRegistry.h"
+#include "sources/OKVideoContent.h"
 #include "sources/web/OKVideoPlayerView.h"
 #include "sources/web/YouTubePage.h"
 #include "sources/web/YouTubePlayerView.h"
 #include "sources/WebPlayerRegistry.h"
+#include "sources/YouTubeContent.h"
 #include "support/Patience.h"
 
 #include <QQuickWindow>
