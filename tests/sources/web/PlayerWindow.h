@@ -12,7 +12,7 @@
 #include <functional>
 #include <memory>
 
-/// A program with such windows has ZEPH_WEB_TEST_MAIN. The window is closed when this is destroyed.
+/// Only within `run`. The window is closed when this is destroyed.
 class PlayerWindow {
 public:
     PlayerWindow();
@@ -58,13 +58,3 @@ private:
     QQuickView m_window;
     std::unique_ptr<QObject> m_questioner;
 };
-
-// QTEST_MAIN for tests with web pages. The test's class is constructed with the `VideoServices`.
-#define ZEPH_WEB_TEST_MAIN(TestClass)                                                              \
-    int main(int argc, char **argv)                                                                \
-    {                                                                                              \
-        VideoServices services;                                                                    \
-        TestClass test(services);                                                                  \
-        const auto runTest = [&] { return QTest::qExec(&test, argc, argv); };                      \
-        return PlayerWindow::run(argc, argv, runTest);                                             \
-    }

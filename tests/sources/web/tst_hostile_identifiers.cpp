@@ -1,14 +1,11 @@
 // Video and playlist ids that try to become scripts or elements of our page.
 #include "HostileTexts.h"
-#include "PlayerWindow.h"
 #include "sources/web/YouTubePage.h"
 #include "support/EngineTest.h"
-#include "VideoServices.h"
-#include "WebAddresses.h"
+#include "WebTest.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTest>
 
 using namespace zeph;
 
@@ -40,15 +37,13 @@ QString readingsOf(const QStringList &ids)
 
 } // namespace
 
-class HostileIdentifiersTest : public QObject {
+class HostileIdentifiersTest : public WebTest {
     Q_OBJECT
 
 public:
-    explicit HostileIdentifiersTest(VideoServices &) { }
+    using WebTest::WebTest;
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(PlayerWindow::takeWarnings(), QStringList()); }
-
     void stayTextsInThePage()
     {
         PlayerWindow player;

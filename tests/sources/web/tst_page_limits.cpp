@@ -1,8 +1,6 @@
 // What a page cannot do: reach the user, the files, or other programs.
-#include "PlayerWindow.h"
 #include "support/EngineTest.h"
-#include "VideoServices.h"
-#include "WebAddresses.h"
+#include "WebTest.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
@@ -10,7 +8,6 @@
 #include <QDirIterator>
 #include <QGuiApplication>
 #include <QJsonArray>
-#include <QTest>
 
 #include <algorithm>
 
@@ -49,16 +46,16 @@ private:
 
 } // namespace
 
-class PageLimitsTest : public QObject {
+class PageLimitsTest : public WebTest {
     Q_OBJECT
 
 public:
-    explicit PageLimitsTest(VideoServices &services) : m_services(services) { }
+    using WebTest::WebTest;
 
 private Q_SLOTS:
     void cleanup()
     {
-        QCOMPARE(PlayerWindow::takeWarnings(), QStringList());
+        WebTest::cleanup();
         QVERIFY(m_outside.opened.isEmpty());
         QVERIFY(!QDir(m_services.home() + QStringLiteral("/Downloads")).exists());
     }
@@ -247,7 +244,6 @@ private:
             [](const QWindow *window) { return window->isVisible(); }));
     }
 
-    VideoServices &m_services;
     OutsideBrowser m_outside;
 };
 

@@ -1,30 +1,20 @@
 // What the web players do when a page does not come, or goes.
-#include "PlayerWindow.h"
 #include "support/EngineTest.h"
-#include "VideoServices.h"
-#include "WebAddresses.h"
-
-#include <QTest>
+#include "WebTest.h"
 
 #include <csignal>
 
 using namespace zeph;
 using namespace std::chrono_literals;
 
-class WebPlayerFailuresTest : public QObject {
+class WebPlayerFailuresTest : public WebTest {
     Q_OBJECT
 
 public:
-    explicit WebPlayerFailuresTest(VideoServices &services) : m_services(services) { }
+    using WebTest::WebTest;
 
 private Q_SLOTS:
-    void cleanup()
-    {
-        m_services.restore();
-        QCOMPARE(PlayerWindow::takeWarnings(), QStringList());
-    }
-
-    void aServiceThatIsDownAndComesBack_data() { services(); }
+    void aServiceThatIsDownAndComesBack_data() { eachService(); }
     void aServiceThatIsDownAndComesBack()
     {
         QFETCH(QString, address);
@@ -105,7 +95,7 @@ private Q_SLOTS:
         QTRY_VERIFY(player.plays());
     }
 
-    void aRendererThatIsKilled_data() { services(); }
+    void aRendererThatIsKilled_data() { eachService(); }
     void aRendererThatIsKilled()
     {
         QFETCH(QString, address);
@@ -127,16 +117,6 @@ private Q_SLOTS:
         player.playerView()->retry();
         QTRY_VERIFY(player.plays());
     }
-
-private:
-    void services()
-    {
-        QTest::addColumn<QString>("address");
-        QTest::newRow("YouTube") << video;
-        QTest::newRow("OK") << okVideo;
-    }
-
-    VideoServices &m_services;
 };
 
 ZEPH_WEB_TEST_MAIN(WebPlayerFailuresTest)

@@ -1,15 +1,12 @@
 // Going from one kind of player to another, again and again.
 #include "platform/PlayerSurfaceRegistry.h"
-#include "PlayerWindow.h"
 #include "sources/WebPlayerRegistry.h"
 #include "support/EngineTest.h"
-#include "VideoServices.h"
-#include "WebAddresses.h"
+#include "WebTest.h"
 
 #include <QDir>
 #include <QFile>
 #include <QPointer>
-#include <QTest>
 
 using namespace zeph;
 
@@ -43,15 +40,13 @@ int descendantCount(const QQuickItem &item)
 
 } // namespace
 
-class WebPlayerSwitchesTest : public QObject {
+class WebPlayerSwitchesTest : public WebTest {
     Q_OBJECT
 
 public:
-    explicit WebPlayerSwitchesTest(VideoServices &) { }
+    using WebTest::WebTest;
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(PlayerWindow::takeWarnings(), QStringList()); }
-
     void leaveNothingBehind()
     {
         PlayerWindow player;

@@ -1,16 +1,13 @@
 // The web players in a real browser, with stand-ins of the services.
 #include "platform/PlayerNotifications.h"
-#include "PlayerWindow.h"
 #include "sources/WebPlayerRegistry.h"
 #include "support/EngineTest.h"
-#include "VideoServices.h"
-#include "WebAddresses.h"
+#include "WebTest.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTest>
 
 using namespace zeph;
 
@@ -62,19 +59,13 @@ QJsonValue lastCall(PlayerWindow &player)
 
 } // namespace
 
-class WebPlayersTest : public QObject {
+class WebPlayersTest : public WebTest {
     Q_OBJECT
 
 public:
-    explicit WebPlayersTest(VideoServices &services) : m_services(services) { }
+    using WebTest::WebTest;
 
 private Q_SLOTS:
-    void cleanup()
-    {
-        m_services.restore();
-        QCOMPARE(PlayerWindow::takeWarnings(), QStringList());
-    }
-
     // The first one, as the browser stays once it is there.
     void theBrowserIsLoadedForTheFirstPage()
     {
@@ -180,7 +171,7 @@ private Q_SLOTS:
         QTRY_VERIFY(player.videoValue("paused") == false);
     }
 
-    void earlyCommandsRunInTheirOrder_data() { services(); }
+    void earlyCommandsRunInTheirOrder_data() { eachService(); }
     void earlyCommandsRunInTheirOrder()
     {
         QFETCH(QString, address);
@@ -227,7 +218,7 @@ private Q_SLOTS:
         QCOMPARE(m_services.youTube().requestCount(playerScript), before + 2);
     }
 
-    void aPressIsPostedAndReachesThePage_data() { services(); }
+    void aPressIsPostedAndReachesThePage_data() { eachService(); }
     void aPressIsPostedAndReachesThePage()
     {
         QFETCH(QString, address);
@@ -251,7 +242,7 @@ private Q_SLOTS:
         QCOMPARE(clicked.size(), 3);
     }
 
-    void theKeysWorkWhileThePageHasTheFocus_data() { services(); }
+    void theKeysWorkWhileThePageHasTheFocus_data() { eachService(); }
     void theKeysWorkWhileThePageHasTheFocus()
     {
         QFETCH(QString, address);
@@ -318,16 +309,6 @@ private Q_SLOTS:
         QTRY_VERIFY(player.videoValue("fillsScreen") == false);
         QTRY_VERIFY(player.window().visibility() == QWindow::Windowed);
     }
-
-private:
-    void services()
-    {
-        QTest::addColumn<QString>("address");
-        QTest::newRow("YouTube") << video;
-        QTest::newRow("OK") << okVideo;
-    }
-
-    VideoServices &m_services;
 };
 
 ZEPH_WEB_TEST_MAIN(WebPlayersTest)
