@@ -97,18 +97,15 @@ void LocalM3UStoreFailuresTest::keepsWhatAReadOnlyFolderDoesNotTake()
 
 void LocalM3UStoreFailuresTest::tellsOfAFullDisk_data()
 {
-    QTest::addColumn<bool>("isRealDisk");
-    QTest::newRow("limit") << false;
-    QTest::newRow("disk") << true;
+    FullDisk::addRows();
 }
 
 void LocalM3UStoreFailuresTest::tellsOfAFullDisk()
 {
-    QFETCH(bool, isRealDisk);
-    if (isRealDisk && !m_disk.isMounted())
-        QSKIP("this machine lets nobody mount a file system");
-    if (isRealDisk)
-        m_file = m_disk.folder() + QStringLiteral("/test.conf");
+    const FullDisk disk(m_disk);
+    if (const char *reason = disk.reasonToSkip())
+        QSKIP(reason);
+    m_file = disk.place(m_file);
     Library library(m_file);
     LocalM3UStore &store = library.store;
     const auto few = savedLinks(QStringLiteral("few"), 500);
@@ -116,11 +113,9 @@ void LocalM3UStoreFailuresTest::tellsOfAFullDisk()
     store.replaceEntries(few);
     QCOMPARE(store.errorMessage(), QString());
     {
-        std::optional<FileSizeLimit> limit;
-        if (!isRealDisk)
-            limit.emplace(200'000);
+        const auto limit = disk.runFull();
         store.replaceEntries(many);
-        const QString reason = qt_error_string(isRealDisk ? ENOSPC : EFBIG);
+        const QString reason = disk.error();
         QCOMPARE(store.errorMessage(), QStringLiteral("Could not save Local M3U: ") + reason);
         QCOMPARE(store.entries(), many);
         QCOMPARE(storedEntries(m_file), few);
@@ -138,12 +133,5 @@ void LocalM3UStoreFailuresTest::tellsOfAFullDisk()
     QCOMPARE(storedEntries(m_file), store.entries());
 }
 
-int main(int argc, char *argv[])
-{
-    const SmallDisk disk(256 * 1024);
-    QCoreApplication application(argc, argv);
-    LocalM3UStoreFailuresTest test(disk);
-    return QTest::qExec(&test, argc, argv);
-}
-
+ZEPH_SMALL_DISK_TEST_MAIN(LocalM3UStoreFailuresTest)
 #include "tst_local_m3u_store_failures.moc"

@@ -418,34 +418,25 @@ private Q_SLOTS:
         QVERIFY(S_ISFIFO(target.st_mode));
     }
 
-    void aFullDiskKeepsTheOldFile_data()
-    {
-        QTest::addColumn<bool>("isRealDisk");
-        QTest::newRow("limit") << false;
-        QTest::newRow("disk") << true;
-    }
+    void aFullDiskKeepsTheOldFile_data() { FullDisk::addRows(); }
 
     void aFullDiskKeepsTheOldFile()
     {
-        QFETCH(bool, isRealDisk);
-        if (isRealDisk && !m_disk.isMounted())
-            QSKIP("this machine lets nobody mount a file system");
-        if (isRealDisk)
-            m_target = m_disk.folder() + QStringLiteral("/list.m3u");
+        const FullDisk disk(m_disk);
+        if (const char *reason = disk.reasonToSkip())
+            QSKIP(reason);
+        m_target = disk.place(m_target);
         const QByteArray old(100'000, 'x');
         QVERIFY(writeFile(m_target, old));
         const auto links = savedLinks(QStringLiteral("x"), 10'000);
         m_library->store.replaceEntries(links);
         m_library->panels.answer = QUrl::fromLocalFile(m_target);
         {
-            std::optional<FileSizeLimit> limit;
-            if (!isRealDisk)
-                limit.emplace(200'000);
+            const auto limit = disk.runFull();
             m_library->store.exportLocalPlaylistAsM3U();
         }
         QCOMPARE(m_library->panels.warnings.size(), 1);
-        QCOMPARE(m_library->panels.warnings.constFirst().informativeText,
-            qt_error_string(isRealDisk ? ENOSPC : EFBIG));
+        QCOMPARE(m_library->panels.warnings.constFirst().informativeText, disk.error());
         QCOMPARE(contentOf(m_target), old);
         QCOMPARE(QFileInfo(m_target).dir().entryList({ QStringLiteral("list*") }).size(), 1);
         QCOMPARE(m_library->store.entries(), links);
@@ -470,12 +461,5 @@ private:
     QString m_target;
 };
 
-int main(int argc, char *argv[])
-{
-    const SmallDisk disk(256 * 1024);
-    QCoreApplication application(argc, argv);
-    M3UExportTest test(disk);
-    return QTest::qExec(&test, argc, argv);
-}
-
+ZEPH_SMALL_DISK_TEST_MAIN(M3UExportTest)
 #include "tst_m3u_export.moc"

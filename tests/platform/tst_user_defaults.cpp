@@ -10,7 +10,6 @@
 #include <QStandardPaths>
 #include <QTest>
 
-#include <cerrno>
 #include <sys/stat.h>
 #include <thread>
 
@@ -248,33 +247,25 @@ private Q_SLOTS:
         QVERIFY2(!error->contains(QStringLiteral("Unknown")), qPrintable(*error));
     }
 
-    void aFullDiskKeepsWhatItHas_data()
-    {
-        QTest::addColumn<bool>("isRealDisk");
-        QTest::newRow("limit") << false;
-        QTest::newRow("disk") << true;
-    }
+    void aFullDiskKeepsWhatItHas_data() { FullDisk::addRows(); }
 
     void aFullDiskKeepsWhatItHas()
     {
-        QFETCH(bool, isRealDisk);
-        if (isRealDisk && !m_disk.isMounted())
-            QSKIP("this machine lets nobody mount a file system");
-        if (isRealDisk)
-            m_file = m_disk.folder() + QStringLiteral("/test.conf");
+        const FullDisk disk(m_disk);
+        if (const char *reason = disk.reasonToSkip())
+            QSKIP(reason);
+        m_file = disk.place(m_file);
         const QByteArray old(100'000, 'a');
         const QByteArray tooLong(1'000'000, 'b');
         UserDefaults defaults(m_file);
         QCOMPARE(store(defaults, key, old), std::nullopt);
         const QByteArray before = contentOf(m_file);
         {
-            std::optional<FileSizeLimit> limit;
-            if (!isRealDisk)
-                limit.emplace(200'000);
+            const auto limit = disk.runFull();
             for (int i = 0; i < 3; ++i) {
                 const auto error = store(defaults, key, tooLong);
                 QVERIFY(error);
-                QCOMPARE(*error, qt_error_string(isRealDisk ? ENOSPC : EFBIG));
+                QCOMPARE(*error, disk.error());
                 QCOMPARE(contentOf(m_file), before);
             }
         }
@@ -315,12 +306,5 @@ private:
     QString m_file;
 };
 
-int main(int argc, char *argv[])
-{
-    const SmallDisk disk(256 * 1024);
-    QCoreApplication application(argc, argv);
-    UserDefaultsTest test(disk);
-    return QTest::qExec(&test, argc, argv);
-}
-
+ZEPH_SMALL_DISK_TEST_MAIN(UserDefaultsTest)
 #include "tst_user_defaults.moc"

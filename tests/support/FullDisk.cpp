@@ -1,7 +1,9 @@
 #include "support/FullDisk.h"
 
 #include <QFile>
+#include <QFileInfo>
 
+#include <cerrno>
 #include <csignal>
 #include <sched.h>
 #include <sys/mount.h>
@@ -56,4 +58,38 @@ SmallDisk::~SmallDisk()
 {
     if (m_isMounted)
         ::umount2(QFile::encodeName(folder()).constData(), MNT_DETACH);
+}
+
+void FullDisk::addRows()
+{
+    QTest::addColumn<bool>("isRealDisk");
+    QTest::newRow("limit") << false;
+    QTest::newRow("disk") << true;
+}
+
+FullDisk::FullDisk(const SmallDisk &disk) : m_disk(disk)
+{
+    QFETCH(bool, isRealDisk);
+    m_isReal = isRealDisk;
+}
+
+const char *FullDisk::reasonToSkip() const
+{
+    return m_isReal && !m_disk.isMounted() ? "this machine lets nobody mount a file system"
+                                           : nullptr;
+}
+
+QString FullDisk::place(const QString &path) const
+{
+    return m_isReal ? m_disk.folder() + u'/' + QFileInfo(path).fileName() : path;
+}
+
+std::unique_ptr<FileSizeLimit> FullDisk::runFull() const
+{
+    return m_isReal ? nullptr : std::make_unique<FileSizeLimit>(200'000);
+}
+
+QString FullDisk::error() const
+{
+    return qt_error_string(m_isReal ? ENOSPC : EFBIG);
 }
