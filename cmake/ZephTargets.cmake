@@ -46,9 +46,11 @@ function(zeph_add_qml_library target uri)
     target_include_directories(${target} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
 endfunction()
 
-# Where the program finds the QML modules that it loads when it needs them: from the folder that it
-# lies in itself.
-include(GNUInstallDirs)
-set(ZEPH_QML_INSTALL_FOLDER "${CMAKE_INSTALL_LIBDIR}/zeph-player/qml")
-file(RELATIVE_PATH ZEPH_QML_FOLDER
-    "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_PREFIX}/${ZEPH_QML_INSTALL_FOLDER}")
+# Where the modules are that the program loads when it needs them, those of QML in a folder "qml"
+# there: once installed, from the folder that the program lies in, and in the build folder, where
+# they lie in the same place beside the program.
+set(ZEPH_INSTALLED_MODULES "${CMAKE_INSTALL_LIBDIR}/zeph-player")
+file(RELATIVE_PATH ZEPH_MODULES_FOLDER
+    "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}/zeph-player")
+cmake_path(SET ZEPH_BUILT_MODULES NORMALIZE
+    "${PROJECT_BINARY_DIR}/src/app/${ZEPH_MODULES_FOLDER}")

@@ -1,6 +1,7 @@
 #include "app/ZephPlayerApp.h"
 
 #include "app/AddressArgument.h"
+#include "platform/RunTimeModules.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -60,8 +61,7 @@ void ZephPlayerApp::preparePlayer()
 
 bool ZephPlayerApp::showMainWindow()
 {
-    m_engine.addImportPath(
-        QCoreApplication::applicationDirPath() + QStringLiteral("/" ZEPH_QML_FOLDER));
+    m_engine.addImportPath(runTimeModulesFolder() + QStringLiteral("/qml"));
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine.setInitialProperties({
         { QStringLiteral("view"), QVariant::fromValue(&m_view) },

@@ -1,8 +1,8 @@
 #include "platform/FaceDetector.h"
 
 #include "platform/FaceFinder.h"
+#include "platform/RunTimeModules.h"
 
-#include <QFile>
 #include <QLibrary>
 
 #include <chrono>
@@ -12,22 +12,10 @@ namespace zeph {
 
 namespace {
 
-QString modulePath()
-{
-    const QString name = QStringLiteral("/zeph-face-finder.so");
-#ifdef ZEPH_BUILT_MODULES
-    // A program that was not installed goes with the module that was built with it.
-    const QString built = QStringLiteral(ZEPH_BUILT_MODULES) + name;
-    if (QFile::exists(built))
-        return built;
-#endif
-    return QStringLiteral(ZEPH_INSTALLED_MODULES) + name;
-}
-
 // The first picture takes longer than those that follow, so there is one already.
-std::unique_ptr<FaceFinder> loadFaceFinder()
+std::unique_ptr<FaceFinder> loadFaceFinder(const QString &path)
 {
-    QLibrary module(modulePath());
+    QLibrary module(path);
     const auto create = reinterpret_cast<CreateFaceFinder *>(module.resolve(createFaceFinderName));
     std::unique_ptr<FaceFinder> finder(create ? create() : nullptr);
     if (finder) {
@@ -40,7 +28,11 @@ std::unique_ptr<FaceFinder> loadFaceFinder()
 
 class ModuleFaceDetector final : public FaceDetector {
 public:
-    ModuleFaceDetector() : m_loading(std::async(std::launch::async, loadFaceFinder)) { }
+    ModuleFaceDetector()
+        : m_loading(std::async(std::launch::async, loadFaceFinder,
+            runTimeModulesFolder() + QStringLiteral("/zeph-face-finder.so")))
+    {
+    }
 
     bool isReady() override
     {

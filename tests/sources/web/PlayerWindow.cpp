@@ -1,5 +1,7 @@
 #include "PlayerWindow.h"
 
+#include "platform/RunTimeModules.h"
+
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -79,7 +81,7 @@ PlayerWindow::PlayerWindow()
     // Qt Test has put in its own by now.
     if (!otherMessages)
         otherMessages = qInstallMessageHandler(keepWarnings);
-    m_window.engine()->addImportPath(QStringLiteral(ZEPH_QML_FOLDER));
+    m_window.engine()->addImportPath(runTimeModulesFolder() + QStringLiteral("/qml"));
     m_window.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_window.setInitialProperties({ { QStringLiteral("model"), QVariant::fromValue(&m_model) } });
     m_window.setResizeMode(QQuickView::SizeRootObjectToView);
