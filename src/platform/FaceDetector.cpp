@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <future>
+#include <mutex>
 
 namespace zeph {
 
@@ -18,11 +19,16 @@ std::unique_ptr<FaceFinder> loadFaceFinder(const QString &path)
     QLibrary module(path);
     const auto create = reinterpret_cast<CreateFaceFinder *>(module.resolve(createFaceFinderName));
     std::unique_ptr<FaceFinder> finder(create ? create() : nullptr);
-    if (finder) {
-        QImage black(FaceDetector::pictureSize, QImage::Format_RGB32);
-        black.fill(Qt::black);
-        finder->faces(black);
+    if (!finder) {
+        const QString reason =
+            create ? QStringLiteral("its model cannot be read") : module.errorString();
+        static std::once_flag said;
+        std::call_once(said, [&] { qWarning("No faces are found: %s", qPrintable(reason)); });
+        return nullptr;
     }
+    QImage black(FaceDetector::pictureSize, QImage::Format_RGB32);
+    black.fill(Qt::black);
+    finder->faces(black);
     return finder;
 }
 

@@ -19,7 +19,8 @@ public:
 
     virtual ~FaceDetector() = default;
 
-    /// Ready when the libraries are there and have been tried once.
+    /// Ready when the libraries are there and have been tried once. Never when they cannot be
+    /// loaded; the reason is a warning, once in the life of the process.
     virtual bool isReady() = 0;
     /// The faces in a picture of 32 bits a pixel, as parts of its width and height, 0…1 from the
     /// upper left. The surest comes first. None when detection fails.
