@@ -1,4 +1,5 @@
 // What the native video surface does with its player, its mode and its size.
+#include "CalculatedNumbers.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
 
@@ -13,8 +14,6 @@ using Mode = PortraitDisplayMode;
 
 namespace {
 
-constexpr double precision = 1e-9;
-
 constexpr QSize size(1000, 500);
 constexpr double columnWidth = 281.25;
 constexpr double overflow = 500.0 * 16 / 9 - columnWidth; ///< Of a picture of 16:9.
@@ -23,16 +22,6 @@ constexpr double growth = 0.12999999999999989;
 QRectF frame(const QQuickItem &item)
 {
     return { item.position(), item.size() };
-}
-
-bool isSame(const QRectF &actual, const QRectF &expected)
-{
-    const auto near = [](double a, double b) { return std::abs(a - b) <= precision; };
-    const bool same = near(actual.x(), expected.x()) && near(actual.y(), expected.y())
-        && near(actual.width(), expected.width()) && near(actual.height(), expected.height());
-    if (!same)
-        qWarning() << "actual" << actual << "expected" << expected;
-    return same;
 }
 
 QRectF grown(const QRectF &frame)

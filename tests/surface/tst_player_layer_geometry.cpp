@@ -1,4 +1,5 @@
 // Numbers of the display modes' geometry, and what holds for every view and picture.
+#include "CalculatedNumbers.h"
 #include "surface/PlayerLayerGeometry.h"
 
 #include <QRandomGenerator>
@@ -12,18 +13,6 @@ using namespace zeph;
 using Mode = PortraitDisplayMode;
 
 namespace {
-
-constexpr double precision = 1e-9;
-
-bool isSame(const QRectF &actual, const QRectF &expected)
-{
-    const auto near = [](double a, double b) { return std::abs(a - b) <= precision; };
-    const bool same = near(actual.x(), expected.x()) && near(actual.y(), expected.y())
-        && near(actual.width(), expected.width()) && near(actual.height(), expected.height());
-    if (!same)
-        qWarning() << "actual" << actual << "expected" << expected;
-    return same;
-}
 
 const QRectF view(0, 0, 1000, 500);
 const QSizeF wide(1920, 1080);

@@ -1,4 +1,5 @@
 // In a real window the column follows the largest face that the picture shows.
+#include "CalculatedNumbers.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
 
@@ -17,7 +18,6 @@ using Mode = PortraitDisplayMode;
 
 namespace {
 
-constexpr double precision = 1e-9;
 constexpr QSize size(1000, 500);
 
 /// Finds what it is told to, and counts how often it is asked.
@@ -49,14 +49,6 @@ std::shared_ptr<Detector> finding(const QList<QRectF> &faces)
 QRectF faceAround(double middle)
 {
     return { middle - 0.05, 0.4, 0.1, 0.2 };
-}
-
-bool isSame(double actual, double expected)
-{
-    if (std::abs(actual - expected) <= precision)
-        return true;
-    qWarning() << "actual" << actual << "expected" << expected;
-    return false;
 }
 
 /// From where to where a row of a picture is not green. In the clips with faces that is the large

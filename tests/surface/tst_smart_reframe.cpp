@@ -1,4 +1,5 @@
 // Numbers of the column that follows faces, and what holds for all of them.
+#include "CalculatedNumbers.h"
 #include "surface/SmartReframe.h"
 
 #include <QRandomGenerator>
@@ -9,16 +10,6 @@
 using namespace zeph;
 
 namespace {
-
-constexpr double precision = 1e-9;
-
-bool isSame(double actual, double expected)
-{
-    if (std::abs(actual - expected) <= precision)
-        return true;
-    qWarning() << "actual" << actual << "expected" << expected;
-    return false;
-}
 
 QRectF faceAround(double middle, double width = 0.1)
 {
