@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <Qt>
+#include <QTest>
 
 struct KeyOnKeyboard {
     const char *name;
@@ -56,6 +57,18 @@ inline QString nameOf(const KeyOnKeyboard &key, Qt::KeyboardModifiers modifiers)
             name += QLatin1String(modifier.name) + QLatin1Char('+');
     }
     return name + QLatin1String(key.name);
+}
+
+/// Test data: each of `keysOnKeyboard`, by its index, with each combination.
+inline void everyKeyAndCombination()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    for (int key = 0; key < keysOnKeyboard.size(); ++key) {
+        for (const Qt::KeyboardModifiers modifiers : modifierCombinations())
+            QTest::newRow(qPrintable(nameOf(keysOnKeyboard[key], modifiers)))
+                << key << int(modifiers);
+    }
 }
 
 /// Seconds of a skip, per cent of the volume, 0 for an action without an amount.

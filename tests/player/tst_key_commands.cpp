@@ -35,16 +35,7 @@ class KeyCommandsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void table_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("modifiers");
-        for (int key = 0; key < keysOnKeyboard.size(); ++key) {
-            for (const Qt::KeyboardModifiers modifiers : modifierCombinations())
-                QTest::newRow(qPrintable(nameOf(keysOnKeyboard[key], modifiers)))
-                    << key << int(modifiers);
-        }
-    }
+    void table_data() { everyKeyAndCombination(); }
 
     void table()
     {

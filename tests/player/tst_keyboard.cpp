@@ -263,13 +263,7 @@ void KeyboardTest::verifyActed(const ExpectedAction &expected, int times)
 
 void KeyboardTest::everyKeyWithEveryModifier_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    for (int key = 0; key < keysOnKeyboard.size(); ++key) {
-        for (const Qt::KeyboardModifiers modifiers : modifierCombinations())
-            QTest::newRow(qPrintable(nameOf(keysOnKeyboard[key], modifiers)))
-                << key << int(modifiers);
-    }
+    everyKeyAndCombination();
 }
 
 void KeyboardTest::everyKeyWithEveryModifier()
