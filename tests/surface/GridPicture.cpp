@@ -1,5 +1,7 @@
 #include "GridPicture.h"
 
+#include "VideoWindow.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -92,9 +94,7 @@ QString GridView::mismatch(const QImage &screenshot, const GridPicture &picture)
             if (!expected)
                 continue;
             const QColor actual = screenshot.pixelColor(pixel);
-            if (std::abs(actual.red() - expected->red()) > tolerance
-                || std::abs(actual.green() - expected->green()) > tolerance
-                || std::abs(actual.blue() - expected->blue()) > tolerance) {
+            if (!isNear(actual, *expected, tolerance)) {
                 return QStringLiteral("%1 in place of %2 at %3, %4")
                     .arg(actual.name(), expected->name())
                     .arg(point.x())

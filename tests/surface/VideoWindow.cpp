@@ -67,6 +67,13 @@ int VideoWindow::pictureNumber() const
     return number;
 }
 
+bool isNear(QColor colour, QColor expected, int tolerance)
+{
+    return std::abs(colour.red() - expected.red()) <= tolerance
+        && std::abs(colour.green() - expected.green()) <= tolerance
+        && std::abs(colour.blue() - expected.blue()) <= tolerance;
+}
+
 QString clipPath(const QString &name)
 {
     return qEnvironmentVariable("ZEPH_CLIPS") + u'/' + name;

@@ -40,5 +40,8 @@ private:
     zeph::PlayerLayerView m_view { m_window.contentItem() };
 };
 
+/// Whether none of red, green and blue is off by more than `tolerance`, of 255.
+bool isNear(QColor colour, QColor expected, int tolerance);
+
 /// The path of a clip that tests/clips/make-clips made.
 QString clipPath(const QString &name);

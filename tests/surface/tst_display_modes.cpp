@@ -1,8 +1,8 @@
 // In a real window each display mode cuts out, enlarges, turns and moves the picture as it is to.
+#include "Canvases.h"
 #include "GridPicture.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
-
 
 using namespace zeph;
 using Mode = PortraitDisplayMode;
@@ -38,18 +38,10 @@ private Q_SLOTS:
     void anotherPictureFollows();
 
 private:
-    static void useCanvas();
     static void dragTo(VideoWindow &video, double pan);
 };
 
 namespace {
-
-void canvases()
-{
-    QTest::addColumn<QByteArray>("canvas");
-    QTest::newRow("drawn on the CPU") << QByteArray("software");
-    QTest::newRow("drawn with OpenGL") << QByteArray("opengl");
-}
 
 struct CanvasRow {
     const char *name;
@@ -61,12 +53,6 @@ const CanvasRow bothCanvases[] = {
 };
 
 } // namespace
-
-void TestDisplayModes::useCanvas()
-{
-    QFETCH(QByteArray, canvas);
-    qputenv("ZEPH_VIDEO_CANVAS", canvas);
-}
 
 // From a pan of 0.
 void TestDisplayModes::dragTo(VideoWindow &video, double pan)

@@ -1,4 +1,5 @@
 // A thousand changes of the display mode leave nothing behind.
+#include "Canvases.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
 
@@ -94,15 +95,12 @@ private Q_SLOTS:
 
 void ModeSwitchesTest::leaveNothingBehind_data()
 {
-    QTest::addColumn<QByteArray>("canvas");
-    QTest::newRow("drawn on the CPU") << QByteArray("software");
-    QTest::newRow("drawn with OpenGL") << QByteArray("opengl");
+    canvases();
 }
 
 void ModeSwitchesTest::leaveNothingBehind()
 {
-    QFETCH(QByteArray, canvas);
-    qputenv("ZEPH_VIDEO_CANVAS", canvas);
+    useCanvas();
     const std::shared_ptr<FaceDetector> detector = FaceDetector::shared();
     QTRY_VERIFY(detector->isReady());
     VideoWindow video({ 400, 200 });

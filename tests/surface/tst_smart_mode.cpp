@@ -1,5 +1,6 @@
 // In a real window the column follows the largest face that the picture shows.
 #include "CalculatedNumbers.h"
+#include "Canvases.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
 
@@ -102,13 +103,6 @@ struct Recorder {
     QList<Step> steps;
     const std::shared_ptr<Detector> detector;
 };
-
-void canvases()
-{
-    QTest::addColumn<QByteArray>("canvas");
-    QTest::newRow("drawn on the CPU") << QByteArray("software");
-    QTest::newRow("drawn with OpenGL") << QByteArray("opengl");
-}
 
 } // namespace
 
@@ -359,8 +353,7 @@ void SmartModeTest::windowGoesWhileACopyIsMade()
 // Where the face stands at the end the column is to show it.
 void SmartModeTest::followsTheLargePhotograph(const QString &clip, int faces, double place)
 {
-    QFETCH(QByteArray, canvas);
-    qputenv("ZEPH_VIDEO_CANVAS", canvas);
+    useCanvas();
     VideoWindow video(size);
     PlayerHostingView &view = video.hostingView();
     Recorder recorder(view);
@@ -416,21 +409,15 @@ void SmartModeTest::followsTheLargestFace()
 
 void SmartModeTest::oddPictures_data()
 {
-    QTest::addColumn<QByteArray>("canvas");
-    QTest::addColumn<QString>("clip");
-    for (const char *canvas : { "software", "opengl" }) {
-        for (const char *clip : { "grid-2160p.mkv", "grid-wide-pixels.mkv", "grid-rotated.mp4",
-                 "grid-1x1.mkv", "grid-3x4000.mkv", "grid-4000x3.mkv" }) {
-            QTest::addRow("%s %s", clip, canvas) << QByteArray(canvas) << QString::fromLatin1(clip);
-        }
-    }
+    canvasesAndClips({ QStringLiteral("grid-2160p.mkv"), QStringLiteral("grid-wide-pixels.mkv"),
+        QStringLiteral("grid-rotated.mp4"), QStringLiteral("grid-1x1.mkv"),
+        QStringLiteral("grid-3x4000.mkv"), QStringLiteral("grid-4000x3.mkv") });
 }
 
 void SmartModeTest::oddPictures()
 {
-    QFETCH(QByteArray, canvas);
+    useCanvas();
     QFETCH(QString, clip);
-    qputenv("ZEPH_VIDEO_CANVAS", canvas);
     VideoWindow video({ 600, 400 });
     Recorder recorder(video.hostingView());
     QTRY_VERIFY(recorder.isReady());

@@ -1,4 +1,5 @@
 // Small copies of the pictures that are shown: which, when, and what is in them.
+#include "Canvases.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
 
@@ -10,13 +11,7 @@ using namespace zeph;
 
 namespace {
 
-bool isNear(QColor colour, QColor expected)
-{
-    constexpr int tolerance = 12;
-    return std::abs(colour.red() - expected.red()) <= tolerance
-        && std::abs(colour.green() - expected.green()) <= tolerance
-        && std::abs(colour.blue() - expected.blue()) <= tolerance;
-}
+constexpr int tolerance = 12;
 
 QList<QColor> quarters(const QImage &image)
 {
@@ -77,23 +72,8 @@ private Q_SLOTS:
     void nothingWithoutAPicture();
 
 private:
-    static void canvases();
-    static void useCanvas();
     static void drawSomePictures(VideoWindow &video);
 };
-
-void VideoOutputTest::canvases()
-{
-    QTest::addColumn<QByteArray>("canvas");
-    QTest::newRow("drawn on the CPU") << QByteArray("software");
-    QTest::newRow("drawn with OpenGL") << QByteArray("opengl");
-}
-
-void VideoOutputTest::useCanvas()
-{
-    QFETCH(QByteArray, canvas);
-    qputenv("ZEPH_VIDEO_CANVAS", canvas);
-}
 
 void VideoOutputTest::init()
 {
@@ -124,7 +104,7 @@ void VideoOutputTest::isUprightInKnownColours()
     const QList<QColor> expected { Qt::red, Qt::green, Qt::blue, Qt::white };
     const QList<QColor> actual = quarters(copy);
     for (int i = 0; i < 4; ++i)
-        QVERIFY2(isNear(actual[i], expected[i]), qPrintable(actual[i].name()));
+        QVERIFY2(isNear(actual[i], expected[i], tolerance), qPrintable(actual[i].name()));
     // Of red: blue, green, red and the fourth, in memory.
     const uchar *pixel = copy.constScanLine(6) + 4 * 8;
     QVERIFY(pixel[0] < 12 && pixel[1] < 12 && pixel[2] > 243 && pixel[3] == 255);
@@ -148,19 +128,13 @@ void VideoOutputTest::isTurnedAsItIsSeen()
     const QList<QColor> expected = quarters(reference);
     const QList<QColor> actual = quarters(output.copies.first());
     for (int i = 0; i < 4; ++i)
-        QVERIFY2(isNear(actual[i], expected[i]), qPrintable(actual[i].name()));
+        QVERIFY2(isNear(actual[i], expected[i], tolerance), qPrintable(actual[i].name()));
 }
 
 void VideoOutputTest::isOfTheWantedSize_data()
 {
-    QTest::addColumn<QByteArray>("canvas");
-    QTest::addColumn<QString>("clip");
-    for (const char *canvas : { "software", "opengl" }) {
-        for (const char *clip :
-            { "grid-2160p.mkv", "grid-1x1.mkv", "grid-3x4000.mkv", "grid-4000x3.mkv" }) {
-            QTest::addRow("%s %s", clip, canvas) << QByteArray(canvas) << QString::fromLatin1(clip);
-        }
-    }
+    canvasesAndClips({ QStringLiteral("grid-2160p.mkv"), QStringLiteral("grid-1x1.mkv"),
+        QStringLiteral("grid-3x4000.mkv"), QStringLiteral("grid-4000x3.mkv") });
 }
 
 void VideoOutputTest::isOfTheWantedSize()
