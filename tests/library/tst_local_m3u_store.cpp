@@ -18,6 +18,16 @@ PlaylistEntry entryCalled(const QString &name, const QString &url)
     });
 }
 
+// Four, of which the one at `place` has the id of the second.
+QList<PlaylistEntry> linksOfWhichTwoShareAnId(int place)
+{
+    QList<PlaylistEntry> links = savedLinks(QStringLiteral("x"), 4);
+    Fields same = savedLinkFields(QStringLiteral("same"));
+    same.id = links[1].id();
+    links[place] = PlaylistEntry(same);
+    return links;
+}
+
 } // namespace
 
 class LocalM3UStoreTest : public StoreTest {
@@ -206,10 +216,7 @@ void LocalM3UStoreTest::updatesInPlace()
 {
     Library library(m_file);
     LocalM3UStore &store = library.store;
-    QList<PlaylistEntry> entries = savedLinks(QStringLiteral("x"), 4);
-    Fields same = savedLinkFields(QStringLiteral("same"));
-    same.id = entries[1].id();
-    entries[2] = PlaylistEntry(same);
+    QList<PlaylistEntry> entries = linksOfWhichTwoShareAnId(2);
     store.replaceEntries(entries);
 
     Fields fields = savedLinkFields(QStringLiteral("new"));
@@ -237,14 +244,11 @@ void LocalM3UStoreTest::removesById()
 {
     Library library(m_file);
     LocalM3UStore &store = library.store;
-    QList<PlaylistEntry> entries = savedLinks(QStringLiteral("x"), 4);
-    Fields same = savedLinkFields(QStringLiteral("same"));
-    same.id = entries[1].id();
-    entries[3] = PlaylistEntry(same);
+    const QList<PlaylistEntry> entries = linksOfWhichTwoShareAnId(3);
     store.replaceEntries(entries);
     // The list has changed since somebody took this one out of it.
-    Fields held = same;
-    held.name = QStringLiteral("held");
+    Fields held = savedLinkFields(QStringLiteral("held"));
+    held.id = entries[1].id();
     held.url = address(QStringLiteral("http://h/elsewhere"));
     store.remove(PlaylistEntry(held));
     QCOMPARE(library.names(), QStringList({ QStringLiteral("x0"), QStringLiteral("x2") }));

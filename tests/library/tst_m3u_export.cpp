@@ -22,13 +22,6 @@ namespace {
 
 using Fields = PlaylistEntry::Fields;
 
-PlaylistEntry entryWith(const std::function<void(Fields &)> &change)
-{
-    Fields fields = savedLinkFields(QStringLiteral("a"));
-    change(fields);
-    return PlaylistEntry(fields);
-}
-
 // The entry as it is after it was exported and read again.
 QList<PlaylistEntry> readAgain(const QList<PlaylistEntry> &entries)
 {
@@ -106,7 +99,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("lines");
         const auto row = [](const char *name, const QByteArray &lines,
                              const std::function<void(Fields &)> &change) {
-            QTest::newRow(name) << entryWith(change) << "#EXTM3U\n" + lines;
+            QTest::newRow(name) << savedLinkWith(change) << "#EXTM3U\n" + lines;
         };
         row("bare", "#EXTINF:-1 tvg-name=\"a\",a\nhttp://h/a.m3u8\n", [](Fields &) {});
         row("all",
@@ -204,7 +197,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("country");
         const auto row = [](const char *description, const QString &name, const QString &group,
                              const QString &country, const std::function<void(Fields &)> &change) {
-            QTest::newRow(description) << entryWith(change) << name << group << country;
+            QTest::newRow(description) << savedLinkWith(change) << name << group << country;
         };
         row("comma in the name", QStringLiteral("b\",a, b"), {}, {},
             [](Fields &fields) { fields.name = QStringLiteral("a, b"); });
@@ -257,7 +250,7 @@ private Q_SLOTS:
             const auto &[country, expectedCountry] = countries[random.bounded(countries.size())];
             const QString name = randomText(random, letters, 12);
             const QString group = randomText(random, letters, 12);
-            const PlaylistEntry entry = entryWith([&](Fields &fields) {
+            const PlaylistEntry entry = savedLinkWith([&](Fields &fields) {
                 fields.name = name;
                 fields.groupTitle = group;
                 fields.countryCode = country;
@@ -276,11 +269,11 @@ private Q_SLOTS:
 
     void readsFilesAgain()
     {
-        const PlaylistEntry plain = entryWith(
+        const PlaylistEntry plain = savedLinkWith(
             [](Fields &fields) { fields.url = address(QStringLiteral("file:///home/me/a.mp4")); });
         QCOMPARE(readAgain({ plain }).value(0).address(), plain.address());
         // An address has no blanks, and a path is taken for one.
-        const PlaylistEntry blank = entryWith([](Fields &fields) {
+        const PlaylistEntry blank = savedLinkWith([](Fields &fields) {
             fields.url = address(QStringLiteral("file:///home/me/a%20b.mp4"));
         });
         QCOMPARE(readAgain({ blank }).size(), 0);

@@ -39,6 +39,12 @@ void drag(VideoWindow &video, int dx)
     QTest::mouseRelease(&video.window(), Qt::LeftButton, {}, to);
 }
 
+std::unique_ptr<MediaItem> gridItem()
+{
+    const QString clip = clipPath(QStringLiteral("grid.mkv"));
+    return std::make_unique<MediaItem>(QUrl::fromLocalFile(clip));
+}
+
 void openAndWait(VideoWindow &video, const char *clip, QSizeF pictureSize)
 {
     video.open(QString::fromLatin1(clip));
@@ -151,8 +157,7 @@ void PlayerHostingViewTest::manualBeforeTheSizeIsKnown()
         view.setDisplayMode(mode);
         QVERIFY(isSame(frame(view.playerLayer()), grown({ 0, 0, 281.25, 500 })));
     }
-    player.replaceCurrentItem(
-        std::make_unique<MediaItem>(QUrl::fromLocalFile(clipPath(QStringLiteral("grid.mkv")))));
+    player.replaceCurrentItem(gridItem());
     view.setPlayer(&player);
     QCOMPARE(player.currentItem()->presentationSize(), QSizeF(0, 0));
     QVERIFY(isSame(frame(view.playerLayer()), grown({ 0, 0, 281.25, 500 })));
@@ -315,8 +320,7 @@ void PlayerHostingViewTest::sameItemKeepsItsTap()
 void PlayerHostingViewTest::destroyedViewDetachesItsTap()
 {
     MediaPlayer player;
-    player.replaceCurrentItem(
-        std::make_unique<MediaItem>(QUrl::fromLocalFile(clipPath(QStringLiteral("grid.mkv")))));
+    player.replaceCurrentItem(gridItem());
     auto view = std::make_unique<PlayerHostingView>();
     view->setPlayer(&player);
     QVERIFY(player.currentItem()->videoOutput());
@@ -330,8 +334,7 @@ void PlayerHostingViewTest::destroyedViewDetachesItsTap()
 void PlayerHostingViewTest::anotherViewsTapIsLeftAlone()
 {
     MediaPlayer player;
-    player.replaceCurrentItem(
-        std::make_unique<MediaItem>(QUrl::fromLocalFile(clipPath(QStringLiteral("grid.mkv")))));
+    player.replaceCurrentItem(gridItem());
     auto first = std::make_unique<PlayerHostingView>();
     first->setPlayer(&player);
     MediaItemVideoOutput another({ 1, 1 });
