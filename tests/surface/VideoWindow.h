@@ -12,7 +12,8 @@ class VideoWindow {
 public:
     explicit VideoWindow(QSize size);
 
-    /// Makes an application object fit for windows with video. To be called instead of QTEST_MAIN's.
+    /// Makes an application object fit for windows with video. To be called instead of
+    /// QTEST_MAIN's.
     static int runTest(QObject &test, int argc, char *argv[]);
 
     QQuickWindow &window() { return m_window; }
