@@ -3,9 +3,8 @@
 
 #include "library/LocalM3UStore.h"
 #include "player/PlayerModel.h"
+#include "support/Files.h"
 #include "support/StandInPanels.h"
-
-#include <QFile>
 
 struct Library {
     explicit Library(const QString &file) : defaults(file) { }
@@ -23,15 +22,3 @@ struct Library {
     zeph::PlayerModel model { panels };
     zeph::LocalM3UStore store { defaults, model, panels };
 };
-
-inline QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline bool writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}

@@ -1,5 +1,6 @@
 // What is remembered, in real files.
 #include "platform/UserDefaults.h"
+#include "support/Files.h"
 #include "support/FullDisk.h"
 
 #include <QCoreApplication>
@@ -18,19 +19,6 @@ using namespace zeph;
 namespace {
 
 const QString key = QStringLiteral("Some.Key-1");
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
-}
 
 QByteArray randomText(QRandomGenerator &random)
 {
@@ -96,7 +84,7 @@ private Q_SLOTS:
     {
         UserDefaults defaults(m_file);
         QCOMPARE(store(defaults, key, "one"), std::nullopt);
-        writeFile(m_file, "[General]\nSome.Key-1=\"another\"\n");
+        QVERIFY(writeFile(m_file, "[General]\nSome.Key-1=\"another\"\n"));
         QCOMPARE(defaults.text(key), "another");
         QVERIFY(QFile::remove(m_file));
         QCOMPARE(store(defaults, key, "two"), std::nullopt);
@@ -148,7 +136,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, value);
         QVERIFY(m_folder->isValid());
         m_file = m_folder->filePath(QStringLiteral("test.conf"));
-        writeFile(m_file, "[General]\nSome.Key-1=" + value + '\n');
+        QVERIFY(writeFile(m_file, "[General]\nSome.Key-1=" + value + '\n'));
         UserDefaults defaults(m_file);
         QCOMPARE(defaults.text(key), std::nullopt);
         // It is kept all the same.
@@ -159,9 +147,9 @@ private Q_SLOTS:
     void keepsWhatIsNotItsOwn()
     {
         m_file = m_folder->filePath(QStringLiteral("test.conf"));
-        writeFile(m_file,
+        QVERIFY(writeFile(m_file,
             "x=1\r\n; remark\n# remark\nno setting\n=\n[Window]\nsize=@Size(3 4)\n"
-            "a%20b=2\n\n[%General]\nx=a, b\n");
+            "a%20b=2\n\n[%General]\nx=a, b\n"));
         UserDefaults defaults(m_file);
         QCOMPARE(defaults.text(QStringLiteral("x")), "1");
         QCOMPARE(defaults.text(QStringLiteral("size")), std::nullopt);
@@ -222,7 +210,7 @@ private Q_SLOTS:
     void isNotHeldUpByTheDead()
     {
         QCOMPARE(store(UserDefaults(m_file), key, "one"), std::nullopt);
-        writeFile(m_file + QStringLiteral(".lock"), {});
+        QVERIFY(writeFile(m_file + QStringLiteral(".lock"), {}));
         QElapsedTimer time;
         time.start();
         QCOMPARE(store(UserDefaults(m_file), key, "two"), std::nullopt);

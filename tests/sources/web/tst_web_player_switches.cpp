@@ -2,21 +2,15 @@
 #include "platform/PlayerSurfaceRegistry.h"
 #include "sources/WebPlayerRegistry.h"
 #include "support/EngineTest.h"
+#include "support/Files.h"
 #include "WebTest.h"
 
 #include <QDir>
-#include <QFile>
 #include <QPointer>
 
 using namespace zeph;
 
 namespace {
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// The processes that run pages, of all that this one has begun; dead ones do not count.
 int rendererCount()
@@ -24,8 +18,8 @@ int rendererCount()
     int count = 0;
     for (const QString &pid : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
         const QString folder = QStringLiteral("/proc/") + pid;
-        count += readFile(folder + QStringLiteral("/cmdline")).contains("--type=renderer")
-            && readFile(folder + QStringLiteral("/environ")).contains(qgetenv("HOME"));
+        count += contentOf(folder + QStringLiteral("/cmdline")).contains("--type=renderer")
+            && contentOf(folder + QStringLiteral("/environ")).contains(qgetenv("HOME"));
     }
     return count;
 }
