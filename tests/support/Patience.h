@@ -8,6 +8,9 @@
 inline constexpr int patience = 20000;
 
 #undef QTRY_VERIFY
+#undef QTRY_VERIFY2
 #undef QTRY_COMPARE
 #define QTRY_VERIFY(expression) QTRY_VERIFY_WITH_TIMEOUT(expression, patience)
+#define QTRY_VERIFY2(expression, message)                                                          \
+    QTRY_VERIFY2_WITH_TIMEOUT(expression, message, patience)
 #define QTRY_COMPARE(expression, expected) QTRY_COMPARE_WITH_TIMEOUT(expression, expected, patience)

@@ -52,5 +52,5 @@ var YT = {
     }
 };
 
-// The real one fetches its greater part first.
-setTimeout(function () { onYouTubeIframeAPIReady(); }, 0);
+// The real one fetches its greater part first, which takes longer than reading the page to its end.
+document.addEventListener('DOMContentLoaded', function () { onYouTubeIframeAPIReady(); });
