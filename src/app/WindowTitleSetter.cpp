@@ -66,8 +66,9 @@ void WindowTitleSetter::updateWindow(QQuickWindow &window)
 
 void WindowTitleSetter::updateSize(QQuickWindow &window)
 {
-    window.setMinimumSize(minimumSize(m_sidebarVisible));
+    // The new minimum may enlarge the window at once.
     const QSize size = window.size();
+    window.setMinimumSize(minimumSize(m_sidebarVisible));
     if (m_sidebarVisible && hasOwnSize(window)
         && size.width() < minimumWindowSizeWithSidebar.width()) {
         m_liveResize.setGeometry({ window.position(),
