@@ -1,7 +1,10 @@
 #include "support/Driver.h"
 
+#include "support/Patience.h"
+
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -77,7 +80,16 @@ QPointF Driver::pointIn(const QString &name, double x, double y) const
 
 void Driver::click(const QString &name) const
 {
-    QTest::mouseClick(&m_window, Qt::LeftButton, {}, pointIn(name).toPoint());
+    // What has just come may still move: a user clicks on it once it does not.
+    QPointF point;
+    do {
+        point = pointIn(name);
+        QSignalSpy frames(&m_window, &QQuickWindow::frameSwapped);
+        m_window.update();
+        if (!frames.wait(patience))
+            qFatal("The window draws nothing");
+    } while (pointIn(name) != point);
+    QTest::mouseClick(&m_window, Qt::LeftButton, {}, point.toPoint());
 }
 
 QString Driver::nameOf(const QObject *object)
