@@ -41,29 +41,6 @@ void ContentView::setSelectedSidebarSection(PlayerSidebarSection section)
         Q_EMIT selectedSidebarSectionChanged();
 }
 
-void ContentView::setAddress(const QString &address)
-{
-    if (std::exchange(m_address, address) != address)
-        Q_EMIT addressChanged();
-}
-
-void ContentView::setStreamAddressFocused(bool focused)
-{
-    if (std::exchange(m_isStreamAddressFocused, focused) != focused)
-        Q_EMIT isStreamAddressFocusedChanged();
-}
-
-void ContentView::setShowMovieName(bool show)
-{
-    if (std::exchange(m_showMovieName, show) != show)
-        Q_EMIT showMovieNameChanged();
-}
-
-void ContentView::openStream()
-{
-    m_model.openRemote(m_address, {});
-}
-
 void ContentView::sidebarShownOrHidden()
 {
     Q_EMIT showSidebarChanged();

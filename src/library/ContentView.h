@@ -38,6 +38,12 @@ class ContentView : public QObject {
     /// The optional name field is shown.
     Q_PROPERTY(
         bool showMovieName READ showMovieName WRITE setShowMovieName NOTIFY showMovieNameChanged)
+    /// What the address is to be called; blank for the usual name.
+    Q_PROPERTY(QString movieName READ movieName WRITE setMovieName NOTIFY movieNameChanged)
+    /// The mouse is over the button that shows the name field.
+    Q_PROPERTY(bool movieNameToggleHovered READ movieNameToggleHovered WRITE
+            setMovieNameToggleHovered NOTIFY movieNameToggleHoveredChanged)
+    Q_PROPERTY(QString movieNameToggleHelp READ movieNameToggleHelp NOTIFY showMovieNameChanged)
 
     Q_PROPERTY(bool isFullScreen READ isFullScreen NOTIFY isFullScreenChanged)
     /// The control bar is shown in full screen.
@@ -57,6 +63,7 @@ class ContentView : public QObject {
 public:
     static constexpr std::chrono::milliseconds sidebarCloseAnimation { 160 };
     static constexpr std::chrono::milliseconds addressFocusDelay { 180 };
+    static constexpr std::chrono::milliseconds automaticOpenDelay { 450 };
     static constexpr std::chrono::milliseconds controlsHideDelay { 2500 };
     static constexpr std::chrono::milliseconds cursorHideDelay { 2000 };
 
@@ -81,15 +88,24 @@ public:
     PlayerSidebarSection selectedSidebarSection() const { return m_selectedSidebarSection; }
     void setSelectedSidebarSection(PlayerSidebarSection section);
     const QString &address() const { return m_address; }
+    /// Without line breaks, and without blanks around it. One that can be opened opens by itself a
+    /// while after its last change.
     void setAddress(const QString &address);
     bool isStreamAddressFocused() const { return m_isStreamAddressFocused; }
     void setStreamAddressFocused(bool focused);
     bool showMovieName() const { return m_showMovieName; }
     void setShowMovieName(bool show);
+    const QString &movieName() const { return m_movieName; }
+    void setMovieName(const QString &name);
+    bool movieNameToggleHovered() const { return m_movieNameToggleHovered; }
+    void setMovieNameToggleHovered(bool hovered);
+    QString movieNameToggleHelp() const;
     /// The last list of channels that was opened from the network.
     const QList<PlaylistEntry> &networkPlaylist() const { return m_networkPlaylist; }
-    /// Opens what the address field says.
+    /// Opens what the address field says, now.
     Q_INVOKABLE void openStream();
+    /// Empties the panel, and stops what came from the network.
+    Q_INVOKABLE void clearNetworkStream();
 
     bool isFullScreen() const { return m_isFullScreen; }
     bool fullScreenControlsVisible() const { return m_fullScreenControlsVisible; }
@@ -136,6 +152,8 @@ Q_SIGNALS:
     void addressChanged();
     void isStreamAddressFocusedChanged();
     void showMovieNameChanged();
+    void movieNameChanged();
+    void movieNameToggleHoveredChanged();
     void networkPlaylistChanged();
     void isFullScreenChanged();
     void fullScreenControlsVisibleChanged();
@@ -145,6 +163,8 @@ Q_SIGNALS:
 
 private:
     void sidebarShownOrHidden();
+    void handleAddressChange(const QString &address);
+    void scheduleAutomaticOpen(const QString &text);
     void takePlaylist();
     void followPlaying();
     void mouseMoved(QWindow *window);
@@ -171,6 +191,8 @@ private:
     QString m_address;
     bool m_isStreamAddressFocused = false;
     bool m_showMovieName = false;
+    QString m_movieName;
+    bool m_movieNameToggleHovered = false;
 
     bool m_isFullScreen = false;
     bool m_fullScreenControlsVisible = false;
@@ -180,6 +202,7 @@ private:
     std::optional<PlaylistEntry> m_deletingLocalEntry;
 
     Delay m_addressFocusTask;
+    Delay m_autoOpenTask;
     Delay m_controlsHideTask;
     Delay m_cursorHideTask;
 };

@@ -125,6 +125,8 @@ public:
     /// The address within what was typed or pasted: without blanks around it, without angle
     /// brackets, and out of a Markdown link.
     static QString normalizedRemoteAddress(const QString &text);
+    /// Whether a normalized address is one of the web; no other is opened.
+    static bool isWebAddress(const QString &address);
     /// Whether `url` names a list of channels. One that ends in "m3u8" names a stream.
     static bool isIPTVPlaylistURL(const QUrl &url);
 

@@ -55,6 +55,11 @@ QString PlayerModel::normalizedRemoteAddress(const QString &text)
     return trimmedText(address);
 }
 
+bool PlayerModel::isWebAddress(const QString &address)
+{
+    return webAddress(address).has_value();
+}
+
 bool PlayerModel::isIPTVPlaylistURL(const QUrl &url)
 {
     if (hasExtension(url, QLatin1StringView("m3u")))
