@@ -46,7 +46,19 @@ bool isWebAddress(const QUrl &url)
 } // namespace
 
 Download::Download(const QUrl &url, DownloadLimits limits, QObject *parent)
+    : QObject(parent), m_limits(limits), m_ownNetwork(std::make_unique<QNetworkAccessManager>())
+{
+    start(url, *m_ownNetwork);
+}
+
+Download::Download(
+    const QUrl &url, DownloadLimits limits, QNetworkAccessManager &network, QObject *parent)
     : QObject(parent), m_limits(limits)
+{
+    start(url, network);
+}
+
+void Download::start(const QUrl &url, QNetworkAccessManager &network)
 {
     connect(&m_assembly, &QFutureWatcherBase::finished, this, &Download::takeAssembled);
     if (!isWebAddress(url)) {
@@ -54,7 +66,7 @@ Download::Download(const QUrl &url, DownloadLimits limits, QObject *parent)
         QMetaObject::invokeMethod(this, refuse, Qt::QueuedConnection);
         return;
     }
-    m_reply = m_network.get(requestFor(url));
+    m_reply = network.get(requestFor(url));
     m_reply->setReadBufferSize(readBufferSize);
     connect(m_reply, &QNetworkReply::encrypted, this, &Download::restartSilence);
     connect(m_reply, &QNetworkReply::redirected, this, &Download::restartSilence);
@@ -66,8 +78,10 @@ Download::Download(const QUrl &url, DownloadLimits limits, QObject *parent)
 
 Download::~Download()
 {
-    if (m_reply)
-        m_reply->disconnect(this);
+    if (!m_reply)
+        return;
+    m_reply->disconnect(this);
+    delete m_reply;
 }
 
 QByteArray Download::takeBody()

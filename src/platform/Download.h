@@ -12,6 +12,7 @@
 #include <QUrl>
 
 #include <chrono>
+#include <memory>
 
 class QNetworkReply;
 
@@ -35,6 +36,9 @@ class Download : public QObject {
 
 public:
     explicit Download(const QUrl &url, DownloadLimits limits = {}, QObject *parent = nullptr);
+    /// Shares its connections with others that go through `network`, which outlives it.
+    Download(const QUrl &url, DownloadLimits limits, QNetworkAccessManager &network,
+        QObject *parent = nullptr);
     ~Download() override;
 
     /// Bytes of the body that have arrived so far, packed if they are.
@@ -52,6 +56,7 @@ Q_SIGNALS:
     void failed(const QString &errorText);
 
 private:
+    void start(const QUrl &url, QNetworkAccessManager &network);
     void readHeaders();
     void readBody();
     void finish();
@@ -64,7 +69,7 @@ private:
     QString damagedText() const;
 
     const DownloadLimits m_limits;
-    QNetworkAccessManager m_network;
+    std::unique_ptr<QNetworkAccessManager> m_ownNetwork; ///< Null when it is shared.
     QNetworkReply *m_reply = nullptr;
     Delay m_silence;
     qint64 m_receivedBytes = 0;
