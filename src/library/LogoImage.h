@@ -1,0 +1,73 @@
+// The picture of a logo.
+#pragma once
+
+#include "platform/ImageLoader.h"
+
+#include <QPointer>
+#include <QQuickItem>
+
+#include <memory>
+
+namespace zeph {
+
+/// Draws the picture at an address in the middle of the item, whole and in its own proportions,
+/// never larger than it is. It is fetched only while the item is shown; whoever hides it, or sets
+/// `wanted` to false, cancels that. Main thread only, apart from the scene graph's own calls.
+class LogoImage : public QQuickItem {
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(zeph::ImageLoader *loader READ loader WRITE setLoader NOTIFY loaderChanged)
+    /// Empty for none.
+    Q_PROPERTY(QUrl url READ url WRITE setUrl NOTIFY urlChanged)
+    Q_PROPERTY(bool wanted READ wanted WRITE setWanted NOTIFY wantedChanged)
+    /// Whether there is a picture; false while it is fetched.
+    Q_PROPERTY(bool hasImage READ hasImage NOTIFY hasImageChanged)
+
+public:
+    /// What is shown for less than this, as when a list is scrolled through, is not fetched.
+    static constexpr std::chrono::milliseconds patience { 80 };
+
+    explicit LogoImage(QQuickItem *parent = nullptr);
+    ~LogoImage() override;
+
+    ImageLoader *loader() const { return m_loader; }
+    /// It outlives the item, or is null.
+    void setLoader(ImageLoader *loader);
+    const QUrl &url() const { return m_url; }
+    void setUrl(const QUrl &url);
+    bool wanted() const { return m_wanted; }
+    void setWanted(bool wanted);
+    bool hasImage() const { return !m_image.isNull(); }
+
+Q_SIGNALS:
+    void loaderChanged();
+    void urlChanged();
+    void wantedChanged();
+    void hasImageChanged();
+
+protected:
+    void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData &value) override;
+    void geometryChange(const QRectF &geometry, const QRectF &oldGeometry) override;
+    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+
+private:
+    bool isNeeded() const;
+    QSize neededPixels() const;
+    /// Begins with what is needed by now, or ends what is not needed any more.
+    void reload();
+    void request();
+    void takeImage();
+    void setImage(const QImage &image);
+
+    QPointer<ImageLoader> m_loader;
+    QUrl m_url;
+    bool m_wanted = true;
+    Delay m_start;
+    std::unique_ptr<ImageRequest> m_request;
+    QImage m_image;
+    bool m_isNewImage = false;
+};
+
+} // namespace zeph
