@@ -16,6 +16,10 @@ ContentView::ContentView(
         &ContentView::sidebarShownOrHidden);
     connect(&model, &PlayerModel::playlistChanged, this, &ContentView::takePlaylist);
     connect(&model, &PlayerModel::isPlayingChanged, this, &ContentView::followPlaying);
+    connect(this, &ContentView::networkPlaylistChanged, &m_channels,
+        [this] { m_channels.setNetworkPlaylist(m_networkPlaylist); });
+    connect(this, &ContentView::selectedSidebarSectionChanged, &m_channels,
+        [this] { m_channels.setSelectedSection(m_selectedSidebarSection); });
     NotificationCenter &notifications = NotificationCenter::defaultCenter();
     notifications.observe(playerSurfaceClicked, this, [this](QWindow *) { surfaceClicked(); });
     notifications.observe(playerMouseMoved, this, [this](QWindow *window) { mouseMoved(window); });

@@ -1,6 +1,7 @@
 // The main window's state.
 #pragma once
 
+#include "library/ChannelBrowser.h"
 #include "library/LocalM3UItemEditView.h"
 #include "library/LocalM3UStore.h"
 #include "library/PlayerSidebarSection.h"
@@ -23,6 +24,8 @@ class ContentView : public QObject {
 
     Q_PROPERTY(zeph::PlayerModel *model READ model CONSTANT)
     Q_PROPERTY(zeph::LocalM3UStore *localM3UStore READ localM3UStore CONSTANT)
+    /// The lists of both sections, and what they are filtered by.
+    Q_PROPERTY(zeph::ChannelBrowser *channels READ channels CONSTANT)
     /// Holds the display mode, and whether the sidebar is shown.
     Q_PROPERTY(zeph::PlayerControlBar *controlBar READ controlBar CONSTANT)
     Q_PROPERTY(bool showSidebar READ showSidebar NOTIFY showSidebarChanged)
@@ -74,6 +77,7 @@ public:
 
     PlayerModel *model() const { return &m_model; }
     LocalM3UStore *localM3UStore() { return &m_localM3UStore; }
+    ChannelBrowser *channels() { return &m_channels; }
     PlayerControlBar *controlBar() { return &m_controlBar; }
 
     /// The view is drawn in `window`: from now on the keys control the player, and full screen. To
@@ -132,6 +136,8 @@ public:
     Q_INVOKABLE void addLocalEntry();
     /// Opens the sheet for a saved link.
     void editLocalEntry(const PlaylistEntry &entry);
+    /// The same for a row of the local section. One that does not exist is ignored.
+    Q_INVOKABLE void editLocalChannel(int row);
 
     bool confirmingLocalClear() const { return m_confirmingLocalClear; }
     void setConfirmingLocalClear(bool confirming);
@@ -142,6 +148,8 @@ public:
     QString localDeleteMessage() const;
     /// Asks whether to delete the saved link; nothing asks no more.
     void setDeletingLocalEntry(const std::optional<PlaylistEntry> &entry);
+    /// The same for a row of the local section. One that does not exist is ignored.
+    Q_INVOKABLE void askToDeleteLocalChannel(int row);
     Q_INVOKABLE void cancelLocalDelete() { setDeletingLocalEntry({}); }
     /// The user agreed.
     Q_INVOKABLE void deleteLocalEntry();
@@ -181,6 +189,7 @@ private:
     PlayerModel &m_model;
     FilePanels &m_panels;
     LocalM3UStore m_localM3UStore;
+    ChannelBrowser m_channels { m_model, m_localM3UStore };
     PlayerControlBar m_controlBar { m_model };
     QPointer<QQuickWindow> m_window;
     std::optional<EventMonitor> m_keyboardMonitor;

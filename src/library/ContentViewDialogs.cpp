@@ -16,6 +16,12 @@ void ContentView::editLocalEntry(const PlaylistEntry &entry)
         entry, [this](const PlaylistEntry::Fields &fields) { m_localM3UStore.update(fields); });
 }
 
+void ContentView::editLocalChannel(int row)
+{
+    if (const auto entry = m_channels.localChannels()->entry(row))
+        editLocalEntry(*entry);
+}
+
 void ContentView::openEditSheet(
     const std::optional<PlaylistEntry> &entry, LocalM3UItemEditView::Save onSave)
 {
@@ -59,6 +65,12 @@ void ContentView::setDeletingLocalEntry(const std::optional<PlaylistEntry> &entr
 {
     if (std::exchange(m_deletingLocalEntry, entry) != entry)
         Q_EMIT deletingLocalEntryChanged();
+}
+
+void ContentView::askToDeleteLocalChannel(int row)
+{
+    if (const auto entry = m_channels.localChannels()->entry(row))
+        setDeletingLocalEntry(entry);
 }
 
 void ContentView::deleteLocalEntry()

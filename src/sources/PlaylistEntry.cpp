@@ -174,11 +174,15 @@ std::optional<QUrl> PlaylistEntry::logoURL() const
     return QUrl(logoAddress());
 }
 
+const QString *PlaylistEntry::sharedGroupTitle() const
+{
+    return m_block && m_block->hasGroup ? &m_block->group : nullptr;
+}
+
 std::optional<QString> PlaylistEntry::groupTitle() const
 {
-    if (!m_block || !m_block->hasGroup)
-        return std::nullopt;
-    return m_block->group;
+    const QString *const title = sharedGroupTitle();
+    return title ? std::optional(*title) : std::nullopt;
 }
 
 std::optional<QByteArrayView> PlaylistEntry::countryCodeUtf8() const

@@ -61,15 +61,18 @@ public:
     QLatin1StringView address() const;
     /// The text of logoURL(), or empty. Lives as long as this entry.
     QLatin1StringView logoAddress() const;
+    /// Those of the same names, without copies, for who reads a great many. They live as long as
+    /// this entry.
+    QByteArrayView nameUtf8() const;
+    std::optional<QByteArrayView> countryCodeUtf8() const;
+    /// Null when there is none. Titles of one group may share their text.
+    const QString *sharedGroupTitle() const;
 
     friend bool operator==(const PlaylistEntry &left, const PlaylistEntry &right);
     friend size_t qHash(const PlaylistEntry &entry, size_t seed);
 
 private:
     struct Block;
-
-    QByteArrayView nameUtf8() const;
-    std::optional<QByteArrayView> countryCodeUtf8() const;
 
     Block *m_block = nullptr;
 };
