@@ -41,7 +41,7 @@ bool ContentView::handleKeyPress(const QKeyEvent &press)
 {
     const bool toggles = press.key() == Qt::Key_F && press.modifiers() == Qt::NoModifier;
     const bool leaves = press.key() == Qt::Key_Escape && m_isFullScreen;
-    if (!(toggles || leaves) || focusKeepsKeys())
+    if (!(toggles || leaves) || focusKeepsKey(press))
         return false;
     if (!press.isAutoRepeat())
         toggleFullScreen();

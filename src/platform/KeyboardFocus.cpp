@@ -37,14 +37,27 @@ bool hasPopupOpen(const QObject *object)
     return popup && popup->property("opened").toBool();
 }
 
+bool asksFor(QObject *object, const QKeyEvent &press)
+{
+    for (auto *item = qobject_cast<QQuickItem *>(object); item; item = item->parentItem()) {
+        QKeyEvent question(QEvent::ShortcutOverride, press.key(), press.modifiers(), press.text(),
+            press.isAutoRepeat());
+        question.ignore();
+        if (QCoreApplication::sendEvent(item, &question) && question.isAccepted())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
-bool focusKeepsKeys()
+bool focusKeepsKey(const QKeyEvent &press)
 {
     if (!isMainWindow(QGuiApplication::focusWindow()))
         return true;
     QObject *focus = QGuiApplication::focusObject();
-    return focus && (takesText(focus) || isInPopup(focus) || hasPopupOpen(focus));
+    return focus
+        && (takesText(focus) || isInPopup(focus) || hasPopupOpen(focus) || asksFor(focus, press));
 }
 
 } // namespace zeph

@@ -29,7 +29,7 @@ void PlayerModel::installKeyboardShortcuts()
 bool PlayerModel::handleKeyPress(const QKeyEvent &press)
 {
     const auto command = keyCommand(press);
-    if (!command || focusKeepsKeys())
+    if (!command || focusKeepsKey(press))
         return false;
     if (m_keyRepeat->isRepeat(press) && !command->repeats)
         return true;
