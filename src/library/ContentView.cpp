@@ -20,6 +20,8 @@ ContentView::ContentView(
         [this] { m_channels.setNetworkPlaylist(m_networkPlaylist); });
     connect(this, &ContentView::selectedSidebarSectionChanged, &m_channels,
         [this] { m_channels.setSelectedSection(m_selectedSidebarSection); });
+    connect(&m_localM3UStore, &LocalM3UStore::entriesChanged, this,
+        &ContentView::chooseFileTextChanged);
     NotificationCenter &notifications = NotificationCenter::defaultCenter();
     notifications.observe(playerSurfaceClicked, this, [this](QWindow *) { surfaceClicked(); });
     notifications.observe(playerMouseMoved, this, [this](QWindow *window) { mouseMoved(window); });
@@ -71,6 +73,19 @@ void ContentView::takePlaylist()
         Q_EMIT networkPlaylistChanged();
         break;
     }
+}
+
+QString ContentView::chooseFileText() const
+{
+    return m_localM3UStore.entries().isEmpty() ? tr("Choose M3U File\u2026")
+                                               : tr("Change M3U File\u2026");
+}
+
+void ContentView::importLocalPlaylist()
+{
+    m_autoOpenTask.cancel();
+    m_channels.clearFilters();
+    m_localM3UStore.importLocalPlaylist(m_movieName);
 }
 
 void ContentView::surfaceClicked()

@@ -6,6 +6,7 @@
 #include "library/LocalM3UStore.h"
 #include "library/PlayerSidebarSection.h"
 #include "platform/CursorHider.h"
+#include "platform/ImageLoader.h"
 #include "player/PlayerModel.h"
 #include "surface/PlayerControlBar.h"
 
@@ -26,6 +27,8 @@ class ContentView : public QObject {
     Q_PROPERTY(zeph::LocalM3UStore *localM3UStore READ localM3UStore CONSTANT)
     /// The lists of both sections, and what they are filtered by.
     Q_PROPERTY(zeph::ChannelBrowser *channels READ channels CONSTANT)
+    /// Loads the pictures of the channels.
+    Q_PROPERTY(zeph::ImageLoader *logos READ logos CONSTANT)
     /// Holds the display mode, and whether the sidebar is shown.
     Q_PROPERTY(zeph::PlayerControlBar *controlBar READ controlBar CONSTANT)
     Q_PROPERTY(bool showSidebar READ showSidebar NOTIFY showSidebarChanged)
@@ -47,6 +50,9 @@ class ContentView : public QObject {
     Q_PROPERTY(bool movieNameToggleHovered READ movieNameToggleHovered WRITE
             setMovieNameToggleHovered NOTIFY movieNameToggleHoveredChanged)
     Q_PROPERTY(QString movieNameToggleHelp READ movieNameToggleHelp NOTIFY showMovieNameChanged)
+
+    /// What the button says that chooses a file for the saved links.
+    Q_PROPERTY(QString chooseFileText READ chooseFileText NOTIFY chooseFileTextChanged)
 
     Q_PROPERTY(bool isFullScreen READ isFullScreen NOTIFY isFullScreenChanged)
     /// The control bar is shown in full screen.
@@ -78,6 +84,7 @@ public:
     PlayerModel *model() const { return &m_model; }
     LocalM3UStore *localM3UStore() { return &m_localM3UStore; }
     ChannelBrowser *channels() { return &m_channels; }
+    ImageLoader *logos() { return &m_logos; }
     PlayerControlBar *controlBar() { return &m_controlBar; }
 
     /// The view is drawn in `window`: from now on the keys control the player, and full screen. To
@@ -110,6 +117,10 @@ public:
     Q_INVOKABLE void openStream();
     /// Empties the panel, and stops what came from the network.
     Q_INVOKABLE void clearNetworkStream();
+
+    QString chooseFileText() const;
+    /// Lets the user choose a list, and puts it in place of the saved links.
+    Q_INVOKABLE void importLocalPlaylist();
 
     bool isFullScreen() const { return m_isFullScreen; }
     bool fullScreenControlsVisible() const { return m_fullScreenControlsVisible; }
@@ -163,6 +174,7 @@ Q_SIGNALS:
     void movieNameChanged();
     void movieNameToggleHoveredChanged();
     void networkPlaylistChanged();
+    void chooseFileTextChanged();
     void isFullScreenChanged();
     void fullScreenControlsVisibleChanged();
     void editFormsChanged();
@@ -190,6 +202,7 @@ private:
     FilePanels &m_panels;
     LocalM3UStore m_localM3UStore;
     ChannelBrowser m_channels { m_model, m_localM3UStore };
+    ImageLoader m_logos;
     PlayerControlBar m_controlBar { m_model };
     QPointer<QQuickWindow> m_window;
     std::optional<EventMonitor> m_keyboardMonitor;

@@ -74,6 +74,7 @@ void ContentView::clearNetworkStream()
     m_autoOpenTask.cancel();
     setAddress({});
     setMovieName({});
+    m_channels.clearFilters();
     m_networkPlaylist.clear();
     Q_EMIT networkPlaylistChanged();
     m_model.clearNetworkStream();

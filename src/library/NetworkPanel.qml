@@ -1,4 +1,4 @@
-// An address to open.
+// An address to open, and the channels of the last list that was opened.
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
@@ -11,47 +11,105 @@ ColumnLayout {
 
     spacing: 8
 
-    TextField {
+    SidebarTextField {
         id: addressField
         Layout.fillWidth: true
         placeholderText: qsTr("Stream address")
+        help: helpLine.text
         text: panel.view.address
-        selectByMouse: true
         inputMethodHints: Qt.ImhUrlCharactersOnly | Qt.ImhNoPredictiveText
         onTextEdited: panel.view.address = text
         onAccepted: panel.view.openStream()
         onActiveFocusChanged: panel.view.isStreamAddressFocused = activeFocus
-
-        Accessible.name: placeholderText
-        ToolTip.text: qsTr("YouTube and OK videos, .m3u8 streams and .m3u lists")
-        ToolTip.visible: hovered && !activeFocus
-        ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
     }
-    Label {
-        Layout.fillWidth: true
+    PanelText {
+        id: helpLine
         text: qsTr("YouTube and OK videos, .m3u8 streams and .m3u lists")
-        wrapMode: Text.Wrap
-        font.pixelSize: 11
-        opacity: 0.6
     }
-    SidebarButton {
-        text: qsTr("Play")
-        help: qsTr("Open the stream manually")
-        onClicked: panel.view.openStream()
-    }
-    Label {
+    SidebarTextField {
         Layout.fillWidth: true
-        visible: text.length > 0
-        text: panel.view.model.errorMessage
-        textFormat: Text.PlainText
-        wrapMode: Text.Wrap
-        font.pixelSize: 12
+        visible: panel.view.showMovieName
+        placeholderText: qsTr("Movie or Playlist Name (optional)")
+        text: panel.view.movieName
+        onTextEdited: panel.view.movieName = text
+        onAccepted: panel.view.openStream()
+    }
+    RowLayout {
+        spacing: 4
 
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
+        SidebarButton {
+            id: openButton
+            text: qsTr("Play")
+            help: qsTr("Open the stream manually")
+            symbol: "play.fill"
+            font.pointSize: 9.5 * 0.75 // 9.5 units of the scene.
+            font.weight: Font.DemiBold
+            Accessible.name: help
+            Accessible.description: text
+            onClicked: panel.view.openStream()
+
+            states: State {
+                when: panel.view.model.isLoading
+                PropertyChanges {
+                    openButton.text: qsTr("Loading")
+                }
+            }
+        }
+        Item {
+            Layout.fillWidth: true
+        }
+        SymbolButton {
+            symbol: "textformat"
+            help: panel.view.movieNameToggleHelp
+            onClicked: panel.view.showMovieName = !panel.view.showMovieName
+            onHoveredChanged: panel.view.movieNameToggleHovered = hovered
+        }
+        SymbolButton {
+            symbol: "xmark.circle.fill"
+            help: qsTr("Clear playlist and stop network playback")
+            onClicked: panel.view.clearNetworkStream()
+        }
+    }
+    PanelError {
+        text: panel.view.model.errorMessage
+    }
+    LoadingNotice {
+        model: panel.view.model
+    }
+
+    ColumnLayout {
+        visible: panel.view.channels.networkChannels.totalCount > 0
+        spacing: 6
+
+        PanelHeading {
+            id: heading
+            Layout.topMargin: 4
+            text: panel.view.channels.channelCountText
+        }
+        ChannelFilters {
+            id: filters
+            browser: panel.view.channels
+            placeholder: qsTr("Search channels")
+        }
+        ChannelList {
+            id: list
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            view: panel.view
+            channels: panel.view.channels.networkChannels
+            searchField: filters.searchField
+            title: heading.text
+            delegate: IPTVChannelRow {
+                width: ListView.view.width
+                logos: panel.view.logos
+                onClicked: list.keys.click(index)
+                onSave: list.channels.saveToLocalM3U(index)
+            }
+        }
     }
     Item {
         Layout.fillHeight: true
+        visible: panel.view.channels.networkChannels.totalCount === 0
     }
 
     Connections {

@@ -1,13 +1,18 @@
 // A button with a text, in the sidebar.
 import QtQuick
 import QtQuick.Controls
+import ZephPlayer.Surface
 
 Button {
-    required property string help
+    id: button
 
-    leftPadding: 12
-    rightPadding: 12
-    font.pixelSize: 12
+    required property string help
+    /// Before the text; empty for none.
+    property string symbol
+
+    leftPadding: 10
+    rightPadding: 10
+    font.pointSize: 9
     focusPolicy: Qt.TabFocus
 
     Keys.onReturnPressed: clicked()
@@ -18,4 +23,31 @@ Button {
     ToolTip.text: help
     ToolTip.visible: hovered && !down
     ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+
+    contentItem: Item {
+        implicitWidth: row.implicitWidth
+        implicitHeight: row.implicitHeight
+
+        Row {
+            id: row
+            anchors.centerIn: parent
+            spacing: 5
+
+            SystemImage {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: name.length > 0
+                name: button.symbol
+                pointSize: 11
+                color: label.color
+            }
+            Label {
+                id: label
+                anchors.verticalCenter: parent.verticalCenter
+                text: button.text
+                font: button.font
+                color: button.palette.buttonText
+                Accessible.ignored: true
+            }
+        }
+    }
 }

@@ -1,0 +1,17 @@
+// What the part of a panel below it is about.
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+
+Label {
+    Layout.fillWidth: true
+    textFormat: Text.PlainText
+    font.pixelSize: 10
+    font.weight: Font.DemiBold
+    font.letterSpacing: 0.4
+    opacity: 0.6
+    elide: Text.ElideRight
+
+    Accessible.role: Accessible.Heading
+    Accessible.name: text
+}
