@@ -1,6 +1,7 @@
 // A list of channels. It makes rows only for what it shows.
 import QtQuick
 import QtQuick.Controls
+import QtQuick.Layouts
 import ZephPlayer.Library
 import ZephPlayer.Surface
 
@@ -12,6 +13,13 @@ ListView {
     required property Item searchField
     required property string title
     readonly property alias keys: channelListKeys
+    readonly property real scrollBarWidth: 8
+    readonly property real rowWidth: width - scrollBarWidth
+
+    Layout.fillWidth: true
+    Layout.fillHeight: true
+    // The scroll bar stands beside the panel.
+    Layout.rightMargin: -scrollBarWidth
 
     model: channels
     clip: true
@@ -38,15 +46,12 @@ ListView {
     }
 
     ScrollBar.vertical: ScrollBar {
-        parent: list.parent
-        x: list.x + list.width + 2
-        y: list.y
-        width: 7
-        height: list.height
+        width: list.scrollBarWidth
         minimumSize: 0.06
     }
 
     Label {
+        parent: list
         anchors.centerIn: parent
         width: parent.width
         visible: list.count === 0

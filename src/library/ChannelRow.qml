@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import ZephPlayer.Library
 import ZephPlayer.Surface
 
-AbstractButton {
+SidebarItem {
     id: row
 
     required property int index
@@ -13,50 +13,27 @@ AbstractButton {
     required property string metadata
     required property url logoUrl
     required property bool isCurrent
-    required property string help
     required property QtObject logos
     default property alias buttons: buttonRow.data
-    readonly property bool isHovered: hover.hovered
+    readonly property alias isHovered: row.hovered
 
     implicitHeight: 42
-    leftPadding: 5
-    rightPadding: 3
-    // The list has the focus, and leads it to its current row.
-    focusPolicy: Qt.NoFocus
 
     Accessible.role: Accessible.ListItem
     Accessible.name: help
     Accessible.description: metadata
-    Accessible.onPressAction: clicked()
-    ToolTip.text: help
-    ToolTip.visible: hovered && !down
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
-    // Which is not left for one of the buttons.
-    HoverHandler {
-        id: hover
-    }
+    // Rows that wait to be used again are not to be found, and fetch no logo.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
 
-    ListView.onPooled: logo.wanted = false
-    ListView.onReused: logo.wanted = true
-
-    background: Rectangle {
-        id: plate
-        radius: 6
-        color: Qt.alpha(row.palette.windowText, 0.07)
-        visible: false
-
-        FocusRing {
-            anchors.margins: 0
-            visible: row.activeFocus
-        }
-    }
-
-    contentItem: RowLayout {
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 5
+        anchors.rightMargin: 3
         spacing: 7
 
         SavedTVLinkCompactLogo {
-            id: logo
             loader: row.logos
             url: row.logoUrl
         }
@@ -72,6 +49,7 @@ AbstractButton {
                 textFormat: Text.PlainText
                 font.pixelSize: 12
                 maximumLineCount: 1
+                horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideRight
                 Accessible.ignored: true
             }
@@ -83,6 +61,7 @@ AbstractButton {
                 font.pixelSize: 10
                 opacity: 0.6
                 maximumLineCount: 1
+                horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideRight
                 Accessible.ignored: true
             }
@@ -101,22 +80,13 @@ AbstractButton {
         }
     }
 
-    states: [
-        State {
-            name: "current"
-            when: row.isCurrent
-            PropertyChanges {
-                plate.visible: true
-                plate.color: Qt.alpha(row.palette.highlight, 0.16)
-                nameLabel.font.weight: Font.DemiBold
-            }
-        },
-        State {
-            name: "pointedAt"
-            when: row.isHovered || row.activeFocus
-            PropertyChanges {
-                plate.visible: true
-            }
+    states: State {
+        name: "current"
+        when: row.isCurrent
+        PropertyChanges {
+            row.plate.visible: true
+            row.plate.color: Qt.alpha(row.palette.highlight, 0.16)
+            nameLabel.font.weight: Font.DemiBold
         }
-    ]
+    }
 }

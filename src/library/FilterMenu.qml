@@ -5,50 +5,29 @@ import QtQuick.Layouts
 import ZephPlayer.Library
 import ZephPlayer.Surface
 
-AbstractButton {
+SidebarItem {
     id: button
 
     required property FilterChoices choices
     required property string symbol
-    required property string help
 
     Layout.fillWidth: true
     Layout.preferredWidth: 1
     implicitHeight: 24
-    leftPadding: 5
-    rightPadding: 5
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
+    activeFocusOnTab: true
     onClicked: popup.open()
-
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
 
     Accessible.role: Accessible.ButtonMenu
     Accessible.name: choices.label
     Accessible.description: help
-    ToolTip.text: help
-    ToolTip.visible: hovered && !down && !popup.visible
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
-    background: Rectangle {
-        id: plate
-        radius: 5
-        color: Qt.alpha(button.palette.windowText, 0.08)
-        visible: false
-
-        FocusRing {
-            anchors.margins: 0
-            radius: 5
-            visible: button.activeFocus
-        }
-    }
-
-    contentItem: RowLayout {
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 5
+        anchors.rightMargin: 5
         spacing: 5
 
         SystemImage {
-            id: image
             name: button.symbol
             pointSize: 11
             color: label.color
@@ -60,29 +39,21 @@ AbstractButton {
             textFormat: Text.PlainText
             font.pixelSize: 11
             color: Qt.alpha(button.palette.windowText, 0.75)
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             Accessible.ignored: true
         }
     }
 
-    states: [
-        State {
-            name: "filtering"
-            when: button.choices.isFiltering
-            PropertyChanges {
-                plate.visible: true
-                plate.color: Qt.alpha(button.palette.highlight, 0.22)
-                label.color: button.palette.windowText
-            }
-        },
-        State {
-            name: "pointedAt"
-            when: button.hovered || button.activeFocus || popup.visible
-            PropertyChanges {
-                plate.visible: true
-            }
+    states: State {
+        name: "filtering"
+        when: button.choices.isFiltering
+        PropertyChanges {
+            button.plate.visible: true
+            button.plate.color: Qt.alpha(button.palette.highlight, 0.22)
+            label.color: button.palette.windowText
         }
-    ]
+    }
 
     Popup {
         id: popup

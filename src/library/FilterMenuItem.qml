@@ -5,35 +5,26 @@ import QtQuick.Layouts
 import ZephPlayer.Library
 import ZephPlayer.Surface
 
-ItemDelegate {
+SidebarItem {
     id: item
 
     required property int index
     required property string title
     required property bool isSelected
 
+    help: title
     implicitHeight: 26
-    leftPadding: 6
-    rightPadding: 6
-    highlighted: ListView.isCurrentItem
-    hoverEnabled: true
-
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    plate.color: Qt.alpha(palette.highlight, 0.28)
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: title
     Accessible.checkable: true
     Accessible.checked: isSelected
-    Accessible.onPressAction: clicked()
 
-    background: Rectangle {
-        radius: 4
-        color: Qt.alpha(item.palette.highlight, 0.28)
-        visible: item.hovered || item.activeFocus
-    }
-
-    contentItem: RowLayout {
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 6
+        anchors.rightMargin: 6
         spacing: 5
 
         SystemImage {
@@ -47,6 +38,7 @@ ItemDelegate {
             text: item.title
             textFormat: Text.PlainText
             font.pixelSize: 12
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             Accessible.ignored: true
         }

@@ -74,14 +74,12 @@ ColumnLayout {
         }
         ChannelList {
             id: list
-            Layout.fillWidth: true
-            Layout.fillHeight: true
             view: panel.view
             channels: panel.view.channels.localChannels
             searchField: filters.searchField
             title: heading.text
             delegate: LocalM3UChannelRow {
-                width: ListView.view.width
+                width: list.rowWidth
                 logos: panel.view.logos
                 onClicked: list.keys.click(index)
                 onEdit: panel.view.editLocalChannel(index)

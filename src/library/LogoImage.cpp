@@ -32,14 +32,6 @@ void LogoImage::setUrl(const QUrl &url)
     Q_EMIT urlChanged();
 }
 
-void LogoImage::setWanted(bool wanted)
-{
-    if (std::exchange(m_wanted, wanted) == wanted)
-        return;
-    reload();
-    Q_EMIT wantedChanged();
-}
-
 void LogoImage::componentComplete()
 {
     QQuickItem::componentComplete();
@@ -63,8 +55,8 @@ void LogoImage::geometryChange(const QRectF &geometry, const QRectF &oldGeometry
 
 bool LogoImage::isNeeded() const
 {
-    return m_loader && m_wanted && !m_url.isEmpty() && isComponentComplete() && isVisible()
-        && window() && !neededPixels().isEmpty();
+    return m_loader && !m_url.isEmpty() && isComponentComplete() && isVisible() && window()
+        && !neededPixels().isEmpty();
 }
 
 QSize LogoImage::neededPixels() const

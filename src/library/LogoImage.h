@@ -11,8 +11,8 @@
 namespace zeph {
 
 /// Draws the picture at an address in the middle of the item, whole and in its own proportions,
-/// never larger than it is. It is fetched only while the item is shown; whoever hides it, or sets
-/// `wanted` to false, cancels that. Main thread only, apart from the scene graph's own calls.
+/// never larger than it is. It is fetched only while the item is visible; hiding it cancels that.
+/// Main thread only, apart from the scene graph's own calls.
 class LogoImage : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
@@ -20,7 +20,6 @@ class LogoImage : public QQuickItem {
     Q_PROPERTY(zeph::ImageLoader *loader READ loader WRITE setLoader NOTIFY loaderChanged)
     /// Empty for none.
     Q_PROPERTY(QUrl url READ url WRITE setUrl NOTIFY urlChanged)
-    Q_PROPERTY(bool wanted READ wanted WRITE setWanted NOTIFY wantedChanged)
     /// Whether there is a picture; false while it is fetched.
     Q_PROPERTY(bool hasImage READ hasImage NOTIFY hasImageChanged)
 
@@ -36,14 +35,11 @@ public:
     void setLoader(ImageLoader *loader);
     const QUrl &url() const { return m_url; }
     void setUrl(const QUrl &url);
-    bool wanted() const { return m_wanted; }
-    void setWanted(bool wanted);
     bool hasImage() const { return !m_image.isNull(); }
 
 Q_SIGNALS:
     void loaderChanged();
     void urlChanged();
-    void wantedChanged();
     void hasImageChanged();
 
 protected:
@@ -63,7 +59,6 @@ private:
 
     QPointer<ImageLoader> m_loader;
     QUrl m_url;
-    bool m_wanted = true;
     Delay m_start;
     std::unique_ptr<ImageRequest> m_request;
     QImage m_image;

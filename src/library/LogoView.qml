@@ -9,8 +9,6 @@ Rectangle {
     required property QtObject loader
     required property url url
     required property string symbol
-    property alias wanted: image.wanted
-    readonly property bool hasImage: image.hasImage
 
     radius: 5
     color: Qt.alpha(palette.windowText, 0.06)

@@ -93,14 +93,12 @@ ColumnLayout {
         }
         ChannelList {
             id: list
-            Layout.fillWidth: true
-            Layout.fillHeight: true
             view: panel.view
             channels: panel.view.channels.networkChannels
             searchField: filters.searchField
             title: heading.text
             delegate: IPTVChannelRow {
-                width: ListView.view.width
+                width: list.rowWidth
                 logos: panel.view.logos
                 onClicked: list.keys.click(index)
                 onSave: list.channels.saveToLocalM3U(index)

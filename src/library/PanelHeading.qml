@@ -1,15 +1,16 @@
 // What the part of a panel below it is about.
 import QtQuick
-import QtQuick.Controls
 import QtQuick.Layouts
 
-Label {
+// Not a Label, which would call itself static text.
+Text {
     Layout.fillWidth: true
     textFormat: Text.PlainText
     font.pixelSize: 10
     font.weight: Font.DemiBold
     font.letterSpacing: 0.4
     opacity: 0.6
+    color: palette.windowText
     elide: Text.ElideRight
 
     Accessible.role: Accessible.Heading

@@ -38,12 +38,14 @@ Pane {
                 view: sidebar.view
                 section: PlayerSidebarSection.Network
                 title: qsTr("Network")
+                help: qsTr("Streams and lists of channels from the network")
                 symbol: "network"
             }
             SidebarSectionButton {
                 view: sidebar.view
                 section: PlayerSidebarSection.LocalM3U
                 title: qsTr("Local M3U")
+                help: qsTr("Saved links")
                 symbol: "folder"
             }
         }

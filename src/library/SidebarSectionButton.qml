@@ -5,58 +5,41 @@ import QtQuick.Layouts
 import ZephPlayer.Library
 import ZephPlayer.Surface
 
-AbstractButton {
+SidebarItem {
     id: button
 
     required property ContentView view
     required property int section
     required property string title
     required property string symbol
+    readonly property bool checked: view.selectedSidebarSection === section
 
     Layout.fillWidth: true
     implicitHeight: 26
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-    checked: view.selectedSidebarSection === section
+    activeFocusOnTab: true
     onClicked: view.selectedSidebarSection = section
-
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: title
     Accessible.checkable: true
     Accessible.checked: checked
 
-    background: Rectangle {
-        id: plate
-        radius: 6
-        color: Qt.alpha(button.palette.windowText, 0.08)
-        visible: button.hovered
+    Row {
+        anchors.centerIn: parent
+        spacing: 6
 
-        FocusRing {
-            visible: button.visualFocus
+        SystemImage {
+            anchors.verticalCenter: parent.verticalCenter
+            name: button.symbol
+            pointSize: 12
+            color: label.color
         }
-    }
-
-    contentItem: Item {
-        Row {
-            anchors.centerIn: parent
-            spacing: 6
-
-            SystemImage {
-                anchors.verticalCenter: parent.verticalCenter
-                name: button.symbol
-                pointSize: 12
-                color: label.color
-            }
-            Label {
-                id: label
-                anchors.verticalCenter: parent.verticalCenter
-                text: button.title
-                font.pixelSize: 12
-                Accessible.ignored: true
-            }
+        Label {
+            id: label
+            anchors.verticalCenter: parent.verticalCenter
+            text: button.title
+            font.pixelSize: 12
+            Accessible.ignored: true
         }
     }
 
@@ -64,8 +47,8 @@ AbstractButton {
         name: "selected"
         when: button.checked
         PropertyChanges {
-            plate.visible: true
-            plate.color: Qt.alpha(button.palette.highlight, 0.22)
+            button.plate.visible: true
+            button.plate.color: Qt.alpha(button.palette.highlight, 0.22)
             label.font.weight: Font.DemiBold
         }
     }

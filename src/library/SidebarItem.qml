@@ -1,0 +1,46 @@
+// Something in the sidebar to click on. It is no Control, which would call itself a button whatever
+// is said here: what it is has to be said by who uses it.
+import QtQuick
+import QtQuick.Controls
+import ZephPlayer.Surface
+
+Item {
+    id: item
+
+    /// What it does, for the tool tip and for screen readers.
+    required property string help
+    readonly property bool hovered: hover.hovered
+    property alias plate: plate
+
+    signal clicked
+
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    Accessible.onPressAction: clicked()
+    ToolTip.text: help
+    ToolTip.visible: hovered && !area.pressed
+    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+
+    // Also while it is over one of the buttons within.
+    HoverHandler {
+        id: hover
+    }
+    MouseArea {
+        id: area
+        anchors.fill: parent
+        onClicked: item.clicked()
+    }
+    Rectangle {
+        id: plate
+        anchors.fill: parent
+        radius: 6
+        color: Qt.alpha(item.palette.windowText, 0.08)
+        visible: item.hovered || item.activeFocus
+
+        FocusRing {
+            anchors.margins: 0
+            visible: item.activeFocus
+        }
+    }
+}
