@@ -1,5 +1,7 @@
 #include "library/ChannelFilter.h"
 
+#include "platform/Parallel.h"
+
 #include <QtConcurrent>
 
 #include <algorithm>
@@ -123,8 +125,8 @@ void ChannelFilter::filter(const Query &query)
     const auto chunks = static_cast<std::size_t>(ChannelIndex::chunkCount(m_entries.size()));
     m_chunks.resize(chunks);
     m_ends.resize(chunks);
-    QtConcurrent::blockingMap(
-        m_chunks, [&](ChunkRows &rows) { filterChunk(&rows - m_chunks.data(), query); });
+    forEachInParallel(
+        static_cast<qsizetype>(chunks), [&](qsizetype chunk) { filterChunk(chunk, query); });
     m_count = 0;
     for (std::size_t chunk = 0; chunk < chunks; ++chunk) {
         m_count += static_cast<qsizetype>(m_chunks[chunk].size());

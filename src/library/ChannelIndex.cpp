@@ -1,9 +1,8 @@
 #include "library/ChannelIndex.h"
 
+#include "platform/Parallel.h"
 #include "platform/RegionNames.h"
 #include "sources/Utf8Space.h"
-
-#include <QtConcurrent>
 
 #include <algorithm>
 #include <utility>
@@ -75,9 +74,9 @@ void ChannelIndex::takeNames(const QList<PlaylistEntry> &entries, const TextFold
     const std::function<bool()> &isCanceled)
 {
     m_names.resize(static_cast<std::size_t>(chunkCount(entries.size())));
-    QtConcurrent::blockingMap(m_names, [&](FoldedTexts &names) {
+    forEachInParallel(chunkCount(entries.size()), [&](qsizetype chunk) {
         if (!isCanceled())
-            names = foldedNames(entries, &names - m_names.data(), folding);
+            m_names[static_cast<std::size_t>(chunk)] = foldedNames(entries, chunk, folding);
     });
     for (const FoldedTexts &names : m_names)
         names.addByteCounts(m_nameBytes);

@@ -1,0 +1,100 @@
+// What a key press in the search field, a choice in a filter menu and a new list cost before
+// anything is drawn.
+#include "library/ChannelFilter.h"
+#include "sources/PlaylistParser.h"
+#include "support/ChannelList.h"
+#include "support/MemoryUse.h"
+
+#include <benchmark/benchmark.h>
+
+using namespace zeph;
+
+namespace {
+
+const QList<PlaylistEntry> &channels(const benchmark::State &state)
+{
+    static QHash<int, QList<PlaylistEntry>> lists;
+    const auto count = static_cast<int>(state.range(0));
+    if (!lists.contains(count))
+        lists.insert(count,
+            PlaylistParser::parse(PlaylistText::fromBytes(bench::channelList(count)), QUrl()));
+    return lists[count];
+}
+
+// From one choice of criteria to another.
+void change(benchmark::State &state, const ChannelCriteria &before, const ChannelCriteria &after)
+{
+    ChannelFilter filter(channels(state));
+    filter.setCriteria(after);
+    const qsizetype found = filter.count();
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        filter.setCriteria({});
+        filter.setCriteria(before);
+        state.ResumeTiming();
+        filter.setCriteria(after);
+    }
+    if (filter.count() != found)
+        state.SkipWithError("another result");
+    state.counters["found"] = static_cast<double>(found);
+}
+
+ChannelCriteria search(const char *text)
+{
+    return { QString::fromUtf8(text), {}, {} };
+}
+
+void prepare(benchmark::State &state)
+{
+    const QList<PlaylistEntry> &list = channels(state);
+    for ([[maybe_unused]] auto _ : state) {
+        const ChannelFilter filter(list);
+        filter.prepared().waitForFinished();
+    }
+}
+
+// The memory that a prepared and searched list takes besides its entries.
+void memory(benchmark::State &state)
+{
+    const QList<PlaylistEntry> &list = channels(state);
+    qint64 bytes = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const qint64 before = bench::currentMemory();
+        ChannelFilter filter(list);
+        filter.setCriteria(search("a"));
+        bytes = bench::currentMemory() - before;
+    }
+    state.counters["MB"] = static_cast<double>(bytes) / 1e6;
+}
+
+void forAllSizes(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->Arg(100)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+    benchmark->Iterations(50)->UseRealTime()->MeasureProcessCPUTime();
+}
+
+} // namespace
+
+#define BENCHMARK_CHANGE(name, before, after)                                                      \
+    BENCHMARK_CAPTURE(change, name, before, after)->Apply(forAllSizes)
+
+BENCHMARK_CHANGE(firstCharacter, search(""), search("k"));
+BENCHMARK_CHANGE(secondCharacter, search("k"), search("ka"));
+BENCHMARK_CHANGE(thirdCharacter, search("ka"), search("kan"));
+BENCHMARK_CHANGE(lastCharacter, search("12345"), search("123456"));
+BENCHMARK_CHANGE(deletedCharacter, search("kan"), search("ka"));
+BENCHMARK_CHANGE(otherScript, search(""), search("\u043a\u0430\u043d"));
+BENCHMARK_CHANGE(matchAll, search(""), search(" "));
+BENCHMARK_CHANGE(matchNone, search(""), search("zzz"));
+BENCHMARK_CHANGE(pastedText, search(""), search("Kanal 123456"));
+BENCHMARK_CHANGE(firstDigit, search(""), search("1"));
+BENCHMARK_CHANGE(country, search(""), (ChannelCriteria { {}, QStringLiteral("TR"), {} }));
+BENCHMARK_CHANGE(
+    category, search(""), (ChannelCriteria { {}, {}, QStringLiteral("DE | Filme & Serien 6") }));
+BENCHMARK_CHANGE(countryOfSearch, search("1"),
+    (ChannelCriteria { QStringLiteral("1"), QStringLiteral("TR"), {} }));
+BENCHMARK_CHANGE(noFilter, search("k"), search(""));
+BENCHMARK(prepare)->Apply(forAllSizes);
+BENCHMARK(memory)->Arg(1'000'000)->Iterations(1);
+
+BENCHMARK_MAIN();
