@@ -13,19 +13,17 @@ SidebarItem {
     required property string metadata
     required property url logoUrl
     required property bool isCurrent
+    /// The keys go to this row when they go to the list.
+    required property bool isKeyRow
     required property QtObject logos
     default property alias buttons: buttonRow.data
     readonly property alias isHovered: row.hovered
 
-    implicitHeight: 42
+    implicitHeight: 43
 
     Accessible.role: Accessible.ListItem
     Accessible.name: help
     Accessible.description: metadata
-
-    // Rows that wait to be used again are not to be found, and fetch no logo.
-    ListView.onPooled: visible = false
-    ListView.onReused: visible = true
 
     RowLayout {
         anchors.fill: parent

@@ -15,6 +15,7 @@ SidebarItem {
     Layout.preferredWidth: 1
     implicitHeight: 24
     activeFocusOnTab: true
+    tellsHelp: !popup.visible
     onClicked: popup.open()
 
     Accessible.role: Accessible.ButtonMenu

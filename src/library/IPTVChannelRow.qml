@@ -15,7 +15,7 @@ ChannelRow {
         symbol: row.saveSymbol
         help: row.saveHelp
         tint: row.isSaved ? palette.highlight : palette.windowText
-        reachable: row.ListView.isCurrentItem
+        reachable: row.isKeyRow
         onClicked: row.save()
     }
 }

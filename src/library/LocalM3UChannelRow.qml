@@ -11,13 +11,13 @@ ChannelRow {
     SymbolButton {
         symbol: "pencil"
         help: qsTr("Edit")
-        reachable: row.ListView.isCurrentItem
+        reachable: row.isKeyRow
         onClicked: row.edit()
     }
     SymbolButton {
         symbol: "trash"
         help: qsTr("Delete")
-        reachable: row.ListView.isCurrentItem
+        reachable: row.isKeyRow
         onClicked: row.remove()
     }
 }

@@ -79,7 +79,6 @@ ColumnLayout {
             searchField: filters.searchField
             title: heading.text
             delegate: LocalM3UChannelRow {
-                width: list.rowWidth
                 logos: panel.view.logos
                 onClicked: list.keys.click(index)
                 onEdit: panel.view.editLocalChannel(index)

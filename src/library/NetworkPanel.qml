@@ -98,7 +98,6 @@ ColumnLayout {
             searchField: filters.searchField
             title: heading.text
             delegate: IPTVChannelRow {
-                width: list.rowWidth
                 logos: panel.view.logos
                 onClicked: list.keys.click(index)
                 onSave: list.channels.saveToLocalM3U(index)

@@ -8,7 +8,8 @@ Text {
     textFormat: Text.PlainText
     font.pixelSize: 10
     font.weight: Font.DemiBold
-    font.letterSpacing: 0.4
+    fontSizeMode: Text.HorizontalFit
+    minimumPixelSize: 7
     opacity: 0.6
     color: palette.windowText
     elide: Text.ElideRight

@@ -9,6 +9,8 @@ Item {
 
     /// What it does, for the tool tip and for screen readers.
     required property string help
+    /// The tool tip may be shown.
+    property bool tellsHelp: true
     readonly property bool hovered: hover.hovered
     property alias plate: plate
 
@@ -19,7 +21,7 @@ Item {
 
     Accessible.onPressAction: clicked()
     ToolTip.text: help
-    ToolTip.visible: hovered && !area.pressed
+    ToolTip.visible: hovered && tellsHelp && !area.pressed
     ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
     // Also while it is over one of the buttons within.
