@@ -136,8 +136,9 @@ private Q_SLOTS:
     {
         Panel test;
         QVERIFY(test.showsList());
-        const QQuickItem *row = test.user.find(playHelp(QStringLiteral("One")));
-        const QQuickItem *list = row->parentItem()->parentItem();
+        const QQuickItem *row = nullptr;
+        QTRY_VERIFY((row = test.user.find(playHelp(QStringLiteral("One")))));
+        const QQuickItem *list = row->parentItem();
         QCOMPARE(QAccessible::queryAccessibleInterface(const_cast<QQuickItem *>(list))->role(),
             QAccessible::List);
         QCOMPARE(list->mapToScene({ 0, list->height() }).y(), test.window->height() - 10.0);
