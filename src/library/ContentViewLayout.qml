@@ -64,6 +64,7 @@ Item {
 
             LocalM3UItemEditSheet {
                 form: sheetPlace.modelData
+                logos: content.view.logos
                 visible: true
             }
         }

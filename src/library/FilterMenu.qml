@@ -91,6 +91,7 @@ SidebarItem {
             delegate: FilterMenuItem {
                 width: ListView.view.width
                 onClicked: {
+                    items.currentIndex = index;
                     button.choices.choose(index);
                     popup.close();
                 }

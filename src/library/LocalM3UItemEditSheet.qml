@@ -8,6 +8,8 @@ Popup {
     id: sheet
 
     required property LocalM3UItemEditView form
+    /// Loads the picture of the logo.
+    property QtObject logos: null
 
     component Field: TextField {
         Layout.fillWidth: true
@@ -148,6 +150,12 @@ Popup {
             RowLayout {
                 spacing: 8
 
+                SnifferSavedLogoView {
+                    loader: sheet.logos
+                    url: sheet.form.logoAddress
+                    fallback: "tv"
+                    delay: 450
+                }
                 SheetButton {
                     id: chooseLogoButton
                     text: qsTr("Choose Logo File…")

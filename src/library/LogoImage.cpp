@@ -32,6 +32,13 @@ void LogoImage::setUrl(const QUrl &url)
     Q_EMIT urlChanged();
 }
 
+void LogoImage::setDelay(int milliseconds)
+{
+    const std::chrono::milliseconds delay(milliseconds);
+    if (std::exchange(m_delay, delay) != delay)
+        Q_EMIT delayChanged();
+}
+
 void LogoImage::componentComplete()
 {
     QQuickItem::componentComplete();
@@ -73,7 +80,7 @@ void LogoImage::reload()
     if (m_url.isLocalFile() || m_loader->remembers(m_url, neededPixels()))
         request();
     else
-        m_start.start(patience, [this] { request(); });
+        m_start.start(m_delay, [this] { request(); });
 }
 
 void LogoImage::request()

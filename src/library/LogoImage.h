@@ -20,13 +20,13 @@ class LogoImage : public QQuickItem {
     Q_PROPERTY(zeph::ImageLoader *loader READ loader WRITE setLoader NOTIFY loaderChanged)
     /// Empty for none.
     Q_PROPERTY(QUrl url READ url WRITE setUrl NOTIFY urlChanged)
+    /// Milliseconds for which an address has to stay before it is fetched: not for each row that
+    /// flies past, nor for each letter that is typed.
+    Q_PROPERTY(int delay READ delay WRITE setDelay NOTIFY delayChanged)
     /// Whether there is a picture; false while it is fetched.
     Q_PROPERTY(bool hasImage READ hasImage NOTIFY hasImageChanged)
 
 public:
-    /// What is shown for less than this, as when a list is scrolled through, is not fetched.
-    static constexpr std::chrono::milliseconds patience { 80 };
-
     explicit LogoImage(QQuickItem *parent = nullptr);
     ~LogoImage() override;
 
@@ -35,11 +35,14 @@ public:
     void setLoader(ImageLoader *loader);
     const QUrl &url() const { return m_url; }
     void setUrl(const QUrl &url);
+    int delay() const { return static_cast<int>(m_delay.count()); }
+    void setDelay(int milliseconds);
     bool hasImage() const { return !m_image.isNull(); }
 
 Q_SIGNALS:
     void loaderChanged();
     void urlChanged();
+    void delayChanged();
     void hasImageChanged();
 
 protected:
@@ -59,6 +62,7 @@ private:
 
     QPointer<ImageLoader> m_loader;
     QUrl m_url;
+    std::chrono::milliseconds m_delay { 80 };
     Delay m_start;
     std::unique_ptr<ImageRequest> m_request;
     QImage m_image;

@@ -9,6 +9,7 @@ Rectangle {
     required property QtObject loader
     required property url url
     required property string symbol
+    property alias delay: image.delay
 
     radius: 5
     color: Qt.alpha(palette.windowText, 0.06)

@@ -338,10 +338,12 @@ private Q_SLOTS:
         QQuickItem *const title = sheet.find(rows[0]);
         QQuickItem *const column = title->parentItem();
         for (const QString &name : rows) {
-            QQuickItem *const item = sheet.find(name);
-            QVERIFY2(item, qPrintable(name));
-            QTRY_COMPARE(item->mapToItem(column, QPointF()).y(), bottom + 12);
-            bottom = item->mapToItem(column, QPointF(0, item->height())).y();
+            const QQuickItem *row = sheet.find(name);
+            QVERIFY2(row, qPrintable(name));
+            while (row->parentItem() != column)
+                row = row->parentItem();
+            QTRY_COMPARE(row->y(), bottom + 12);
+            bottom = row->y() + row->height();
         }
         const auto y = [&](const QString &name) { return sheet.find(name)->mapToScene({}).y(); };
         const auto x = [&](const QString &name) { return sheet.find(name)->mapToScene({}).x(); };
