@@ -16,12 +16,13 @@ QString sameTitle(const QString &category)
     return category;
 }
 
-QList<PlaylistEntry> filteredEntries(const ChannelFilter &filter)
+QList<PlaylistEntry> rowEntries(ChannelListModel &channels)
 {
+    channels.showNewestEntries();
     QList<PlaylistEntry> entries;
-    entries.reserve(filter.count());
-    for (qsizetype place = 0; place < filter.count(); ++place)
-        entries << filter.entries().at(filter.row(place));
+    entries.reserve(channels.count());
+    for (int row = 0; row < channels.count(); ++row)
+        entries << *channels.entry(row);
     return entries;
 }
 
@@ -125,22 +126,21 @@ void ChannelBrowser::offerChoices()
 QString ChannelBrowser::channelCountText() const
 {
     const QString title = m_displayed == &m_localChannels ? tr("CHANNELS") : tr("IPTV CHANNELS");
-    const ChannelFilter &filter = m_displayed->filter();
     return QStringLiteral("%1  \u00b7  %2 / %3")
         .arg(title)
-        .arg(filter.count())
-        .arg(filter.entries().size());
+        .arg(m_displayed->count())
+        .arg(m_displayed->totalCount());
 }
 
-QList<PlaylistEntry> ChannelBrowser::filteredPlaylist() const
+QList<PlaylistEntry> ChannelBrowser::filteredPlaylist()
 {
-    return filteredEntries(m_displayed->filter());
+    return rowEntries(*m_displayed);
 }
 
 QList<PlaylistEntry> ChannelBrowser::filteredLocalEntries()
 {
     m_localChannels.setCriteria(criteria());
-    return filteredEntries(m_localChannels.filter());
+    return rowEntries(m_localChannels);
 }
 
 } // namespace zeph

@@ -67,8 +67,8 @@ public:
     {
         return m_displayed->filter().entries();
     }
-    /// Those of it that are shown.
-    QList<PlaylistEntry> filteredPlaylist() const;
+    /// Those of it that are shown, once it is prepared.
+    QList<PlaylistEntry> filteredPlaylist();
     /// The saved links that are shown when they are.
     QList<PlaylistEntry> filteredLocalEntries();
     /// The countries of the selected section's list, in the order of their English names. Waits

@@ -39,6 +39,8 @@ ChannelListModel::ChannelListModel(
     PlayerModel &model, LocalM3UStore &store, Metadata metadata, QObject *parent)
     : QAbstractListModel(parent), m_model(model), m_store(store), m_metadata(metadata)
 {
+    connect(&m_nextPreparation, &QFutureWatcherBase::finished, this,
+        &ChannelListModel::showNewestEntries);
     connect(
         &model, &PlayerModel::currentURLChanged, this, [this] { updateRoles({ IsCurrentRole }); });
     connect(&store, &LocalM3UStore::entriesChanged, this, [this] {
@@ -58,18 +60,36 @@ std::optional<PlaylistEntry> ChannelListModel::entry(int row) const
 void ChannelListModel::setEntries(
     const QList<PlaylistEntry> &entries, const ChannelCriteria &criteria)
 {
-    const auto before = std::exchange(m_filter, std::make_unique<ChannelFilter>(entries));
-    m_filter->setCriteria(criteria);
+    m_next = std::make_unique<ChannelFilter>(entries);
+    m_nextCriteria = criteria;
+    const QFuture<void> preparation = m_next->prepared();
+    if (criteria.areEmpty() || preparation.isFinished())
+        showNewestEntries();
+    else
+        m_nextPreparation.setFuture(preparation);
+}
+
+void ChannelListModel::showNewestEntries()
+{
+    if (!m_next)
+        return;
+    m_next->setCriteria(m_nextCriteria);
+    const auto before = std::exchange(m_filter, std::move(m_next));
     const Difference change = difference(*before, *m_filter);
     replaceRows(change.first, change.oldCount, change.newCount);
 }
 
 void ChannelListModel::setCriteria(const ChannelCriteria &criteria)
 {
-    if (criteria == m_filter->criteria())
+    if (criteria == (m_next ? m_nextCriteria : m_filter->criteria()))
         return;
-    m_filter->setCriteria(criteria);
-    replaceRows(0, m_count, static_cast<int>(m_filter->count()));
+    if (m_next) {
+        m_nextCriteria = criteria;
+        showNewestEntries();
+    } else {
+        m_filter->setCriteria(criteria);
+        replaceRows(0, m_count, static_cast<int>(m_filter->count()));
+    }
     Q_EMIT rowsReplaced();
 }
 

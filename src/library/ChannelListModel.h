@@ -4,6 +4,7 @@
 #include "library/ChannelFilter.h"
 
 #include <QAbstractListModel>
+#include <QFutureWatcher>
 #include <QQmlEngine>
 
 namespace zeph {
@@ -43,17 +44,21 @@ public:
         PlayerModel &model, LocalM3UStore &store, Metadata metadata, QObject *parent = nullptr);
     ~ChannelListModel() override;
 
-    /// The whole list, and what is asked about it.
-    const ChannelFilter &filter() const { return *m_filter; }
+    /// The newest list, and what is asked about it.
+    const ChannelFilter &filter() const { return m_next ? *m_next : *m_filter; }
     int count() const { return m_count; }
     int totalCount() const { return static_cast<int>(m_filter->entries().size()); }
     /// What a row stands for. Nothing when it does not exist.
     std::optional<PlaylistEntry> entry(int row) const;
 
     /// Shows another list, or what became of the list: rows that stay are told from those that come
-    /// and go.
+    /// and go. If a large list has to be prepared for the criteria, the rows of the one before stay
+    /// until that is done.
     void setEntries(const QList<PlaylistEntry> &entries, const ChannelCriteria &criteria);
+    /// The rows are those that meet the criteria from now on.
     void setCriteria(const ChannelCriteria &criteria);
+    /// Waits until the newest list is prepared, and shows it.
+    void showNewestEntries();
 
     /// Plays a row, as a live stream. A row that does not exist is ignored, here and below.
     Q_INVOKABLE void play(int row);
@@ -78,7 +83,10 @@ private:
     PlayerModel &m_model;
     LocalM3UStore &m_store;
     const Metadata m_metadata;
-    std::unique_ptr<ChannelFilter> m_filter = std::make_unique<ChannelFilter>();
+    std::unique_ptr<ChannelFilter> m_filter = std::make_unique<ChannelFilter>(); ///< Of the rows.
+    std::unique_ptr<ChannelFilter> m_next; ///< Of a list that is being prepared; mostly null.
+    ChannelCriteria m_nextCriteria;
+    QFutureWatcher<void> m_nextPreparation;
     int m_count = 0; ///< As the observers know it by now.
 };
 

@@ -3,11 +3,11 @@
 #include "library/ChannelListModel.h"
 #include "library/ChannelMetadata.h"
 #include "RandomChannels.h"
+#include "support/Patience.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace zeph;
 
@@ -265,6 +265,34 @@ private Q_SLOTS:
             QCOMPARE(mirror.shownNames(), names(*m_list));
             QCOMPARE(m_list->rowCount(), m_list->count());
         }
+    }
+
+    void aLargeListIsPreparedMeanwhile()
+    {
+        const QList<PlaylistEntry> before { channel(u"b"_s) };
+        m_list->setEntries(before, { u"b"_s, {}, {} });
+        const QList<PlaylistEntry> large = savedLinks(u"a "_s, 100'000) << channel(u"ab"_s);
+        m_list->setEntries(large, { u"b"_s, {}, {} });
+        QCOMPARE(m_list->filter().entries().size(), large.size());
+        if (m_list->totalCount() == 1) // It may be prepared by now.
+            QCOMPARE(names(*m_list), QStringList { u"b"_s });
+        QTRY_COMPARE(m_list->totalCount(), 100'001);
+        QCOMPARE(names(*m_list), QStringList { u"ab"_s });
+
+        // Typing does not wait for its turn, ...
+        m_list->setEntries(large + before, { u"b"_s, {}, {} });
+        m_list->setCriteria({ u"B"_s, {}, {} });
+        QCOMPARE(names(*m_list), (QStringList { u"ab"_s, u"b"_s }));
+        // ... and what is asked for by then is not shown later.
+        m_list->setEntries(large, { u"b"_s, {}, {} });
+        m_list->setEntries(before, { u"b"_s, {}, {} });
+        QCOMPARE(m_list->totalCount(), 1);
+        m_list->showNewestEntries();
+        QCoreApplication::processEvents();
+        QCOMPARE(names(*m_list), QStringList { u"b"_s });
+        m_list->setEntries(large, { u"b"_s, {}, {} });
+        m_list->showNewestEntries();
+        QCOMPARE(names(*m_list), QStringList { u"ab"_s });
     }
 
     void anyNumberOfRows_data()
