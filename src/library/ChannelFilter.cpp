@@ -2,6 +2,7 @@
 
 #include "platform/Parallel.h"
 
+#include <QPromise>
 #include <QtConcurrent>
 
 #include <algorithm>
@@ -20,8 +21,11 @@ using Index = std::shared_ptr<const ChannelIndex>;
 QFuture<Index> prepare(const QList<PlaylistEntry> &entries, const TextFolding &folding)
 {
     if (entries.size() <= ChannelIndex::chunkSize) {
-        const auto never = [] { return false; };
-        return QtFuture::makeReadyFuture(ChannelIndex::create(entries, folding, never));
+        QPromise<Index> promise;
+        promise.start();
+        promise.addResult(ChannelIndex::create(entries, folding, [] { return false; }));
+        promise.finish();
+        return promise.future();
     }
     return QtConcurrent::run([entries, folding](QPromise<Index> &promise) {
         promise.addResult(

@@ -7,6 +7,7 @@
 #include <QStringView>
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace zeph {
