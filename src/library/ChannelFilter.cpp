@@ -4,6 +4,7 @@
 
 #include <QPromise>
 #include <QtConcurrent>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <array>
@@ -66,6 +67,10 @@ ChannelFilter::ChannelFilter(const QList<PlaylistEntry> &entries, const TextFold
 ChannelFilter::~ChannelFilter()
 {
     m_index.cancel();
+    // Giving back the memory of a million entries takes longer than a frame does.
+    if (m_entries.size() > ChannelIndex::chunkSize)
+        QThreadPool::globalInstance()->start(
+            [entries = std::move(m_entries), index = std::move(m_index)] {});
 }
 
 const ChannelIndex &ChannelFilter::index() const

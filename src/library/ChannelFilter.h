@@ -30,7 +30,7 @@ class ChannelFilter {
 public:
     explicit ChannelFilter(
         const QList<PlaylistEntry> &entries = {}, const TextFolding &folding = TextFolding());
-    /// Preparing ends early.
+    /// Preparing ends early. A large list that nobody else holds goes on another thread.
     ~ChannelFilter();
     ChannelFilter(const ChannelFilter &) = delete;
     ChannelFilter &operator=(const ChannelFilter &) = delete;
