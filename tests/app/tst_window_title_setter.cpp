@@ -2,13 +2,12 @@
 #include "app/WindowFit.h"
 #include "app/WindowTitleSetter.h"
 #include "support/EngineTest.h"
+#include "support/XWindow.h"
 
 #include <QGuiApplication>
-#include <QProcess>
 #include <QQuickWindow>
 #include <QScreen>
 
-#include <QRegularExpression>
 #include <QSignalSpy>
 
 #include <limits>
@@ -66,32 +65,11 @@ private:
     WindowTitleSetter *const m_setter = new WindowTitleSetter;
 };
 
-QString answer(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
-
 /// Where the window is on the screen, with its frame, as the display server and the window manager
 /// have it.
 QRect frameOnScreen(const QWindow &window)
 {
-    const QString id = QString::number(window.winId());
-    const QString info = answer(QStringLiteral("xwininfo"), { QStringLiteral("-id"), id });
-    const auto number = [&](const char *label) {
-        const QRegularExpression line(QLatin1StringView(label) + QStringLiteral(":\\s*(-?\\d+)"));
-        return line.match(info).captured(1).toInt();
-    };
-    const QString extents = answer(QStringLiteral("xprop"),
-        { QStringLiteral("-id"), id, QStringLiteral("_NET_FRAME_EXTENTS") });
-    const QStringList sides =
-        extents.section(QStringLiteral("= "), 1).trimmed().split(QStringLiteral(", "));
-    const auto side = [&](int index) { return sides.value(index).toInt(); };
-    const QRect content(number("Absolute upper-left X"), number("Absolute upper-left Y"),
-        number("Width"), number("Height"));
-    return content + QMargins(side(0), side(2), side(1), side(3));
+    return XWindow(QString::number(window.winId())).frame();
 }
 
 } // namespace

@@ -1,0 +1,42 @@
+#include "support/PlayerProgram.h"
+
+PlayerProgram::PlayerProgram(const QStringList &arguments, const QStringList &environment)
+{
+    // Out of the way, so that nothing shows a tool tip.
+    moveMouse({ 0, 0 });
+    m_process.setProcessChannelMode(QProcess::ForwardedChannels);
+    m_process.setEnvironment(QProcess::systemEnvironment() + environment);
+    m_process.start(qEnvironmentVariable("ZEPH_PLAYER"), arguments);
+    if (!m_process.waitForStarted())
+        qFatal("ZEPH_PLAYER names no program");
+}
+
+PlayerProgram::~PlayerProgram()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+bool PlayerProgram::isRunning()
+{
+    m_process.waitForFinished(0);
+    return m_process.state() != QProcess::NotRunning;
+}
+
+bool PlayerProgram::endedWell() const
+{
+    return m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+}
+
+XWindow PlayerProgram::window() const
+{
+    if (!m_window.isNull())
+        return m_window;
+    const QStringList windows = xdotool({ QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                                            QStringLiteral("--pid"), QString::number(id()) })
+                                    .split(u'\n', Qt::SkipEmptyParts);
+    // Once found it stays the one, also while the window manager takes it in.
+    if (!windows.isEmpty())
+        m_window = XWindow(windows.constLast());
+    return m_window;
+}
