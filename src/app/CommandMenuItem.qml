@@ -12,6 +12,7 @@ MenuItem {
     onTriggered: modelData.trigger()
 
     Accessible.name: modelData.title
+    Accessible.onPressAction: triggered()
 
     Label {
         anchors.right: parent.right

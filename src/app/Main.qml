@@ -15,6 +15,10 @@ ApplicationWindow {
 
     menuBar: MenuBar {
         visible: !window.view.isFullScreen
+        delegate: MenuBarItem {
+            Accessible.name: text.replace("&", "")
+            Accessible.onPressAction: triggered()
+        }
 
         CommandMenu {
             title: qsTr("&File")

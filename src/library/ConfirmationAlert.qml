@@ -23,6 +23,7 @@ Popup {
         Keys.onEnterPressed: clicked()
 
         Accessible.name: text
+        Accessible.onPressAction: clicked()
     }
 
     parent: Overlay.overlay

@@ -48,6 +48,7 @@ Popup {
 
         Accessible.name: text
         Accessible.description: help
+        Accessible.onPressAction: clicked()
         ToolTip.text: help
         ToolTip.visible: hovered
         ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval

@@ -20,6 +20,7 @@ Button {
 
     Accessible.name: text
     Accessible.description: help
+    Accessible.onPressAction: clicked()
     ToolTip.text: help
     ToolTip.visible: hovered && !down
     ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval

@@ -22,6 +22,8 @@ AbstractButton {
     Keys.onEnterPressed: clicked()
 
     Accessible.name: help
+    // Of themselves, Qt 6.4 has screen readers press no controls.
+    Accessible.onPressAction: clicked()
     ToolTip.text: help
     ToolTip.visible: hovered && !down
     ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval

@@ -8,6 +8,9 @@ Slider {
 
     /// What it sets, for the tool tip and for screen readers.
     required property string help
+    // Where Qt 6.4 looks for the range that it tells screen readers.
+    readonly property real minimumValue: from
+    readonly property real maximumValue: to
 
     implicitHeight: 19
     padding: 0

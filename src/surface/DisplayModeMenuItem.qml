@@ -9,15 +9,18 @@ MenuItem {
 
     required property PlayerControlBar controlBar
     required property var modelData
-    readonly property bool isCurrent: modelData.mode === controlBar.portraitMode
 
     text: modelData.title
+    checkable: true
+    autoExclusive: true
+    checked: modelData.mode === controlBar.portraitMode
+    indicator: null
     onTriggered: controlBar.selectDisplayMode(modelData.mode)
 
-    Accessible.role: Accessible.RadioButton
     Accessible.name: modelData.title
-    Accessible.checkable: true
-    Accessible.checked: isCurrent
+    Accessible.checkable: checkable
+    Accessible.checked: checked
+    Accessible.onPressAction: triggered()
 
     contentItem: RowLayout {
         spacing: 8
@@ -38,7 +41,7 @@ MenuItem {
             name: "checkmark.circle.fill"
             pointSize: 12
             color: label.color
-            opacity: item.isCurrent ? 1 : 0
+            opacity: item.checked ? 1 : 0
         }
     }
 }

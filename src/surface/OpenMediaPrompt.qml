@@ -14,6 +14,7 @@ AbstractButton {
 
     Accessible.name: qsTr("Open Media")
     Accessible.description: qsTr("Click to open media or drop a video or audio file here")
+    Accessible.onPressAction: clicked()
     ToolTip.text: qsTr("Open Media")
     ToolTip.visible: hovered && !down
     ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval

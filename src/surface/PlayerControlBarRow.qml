@@ -4,7 +4,7 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import ZephPlayer.Surface
 
-Pane {
+ToolBar {
     id: row
 
     required property PlayerControlBar controlBar
@@ -17,7 +17,6 @@ Pane {
     leftPadding: 10
     rightPadding: 10
 
-    Accessible.role: Accessible.ToolBar
     Accessible.name: qsTr("Playback controls")
 
     background: Rectangle {
