@@ -36,8 +36,10 @@ QList<AccessibleObject> AccessibleProgram::findAll() const
 
 AccessibleObject AccessibleProgram::focused() const
 {
-    return search([](const AccessibleObject &object) { return object.has(State::Focused); }, 1)
-        .value(0);
+    // What is around it has the focus, too.
+    const QList<AccessibleObject> found =
+        search([](const AccessibleObject &object) { return object.has(State::Focused); }, all);
+    return found.isEmpty() ? AccessibleObject() : found.constLast();
 }
 
 AccessibleObject AccessibleProgram::await(Role role, const QString &name) const

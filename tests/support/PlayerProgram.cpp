@@ -36,7 +36,9 @@ XWindow PlayerProgram::window() const
                                             QStringLiteral("--pid"), QString::number(id()) })
                                     .split(u'\n', Qt::SkipEmptyParts);
     // Once found it stays the one, also while the window manager takes it in.
-    if (!windows.isEmpty())
-        m_window = XWindow(windows.constLast());
-    return m_window;
+    for (const QString &id : windows) {
+        if (const XWindow window(id); !window.title().isEmpty())
+            return m_window = window;
+    }
+    return XWindow();
 }
