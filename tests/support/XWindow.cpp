@@ -54,11 +54,14 @@ void releaseMouse()
 
 QString XWindow::title() const
 {
-    return xdotool({ QStringLiteral("getwindowname"), m_id });
+    return isNull() ? QString() : xdotool({ QStringLiteral("getwindowname"), m_id });
 }
 
 QRect XWindow::contents() const
 {
+    // Without a window the program would have the mouse choose one.
+    if (isNull())
+        return {};
     const QString info = answerOf(QStringLiteral("xwininfo"), { QStringLiteral("-id"), m_id });
     const auto value = [&info](const char *label) {
         const QRegularExpression line(QLatin1StringView(label) + QStringLiteral(":\\s*(-?\\d+)"));
@@ -70,6 +73,8 @@ QRect XWindow::contents() const
 
 QRect XWindow::frame() const
 {
+    if (isNull())
+        return {};
     const QString extents = answerOf(QStringLiteral("xprop"),
         { QStringLiteral("-id"), m_id, QStringLiteral("_NET_FRAME_EXTENTS") });
     const QStringList sides = extents.section(QStringLiteral("= "), 1).split(QStringLiteral(", "));
