@@ -27,6 +27,8 @@ Popup {
     }
 
     parent: Overlay.overlay
+    // One that is made while the desktop is dark would be light.
+    palette: parent.palette
     anchors.centerIn: parent
     width: Math.min(340, parent.width - 2 * margins)
     margins: 8

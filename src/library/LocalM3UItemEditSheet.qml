@@ -55,6 +55,8 @@ Popup {
     }
 
     parent: Overlay.overlay
+    // One that is made while the desktop is dark would be light.
+    palette: parent.palette
     anchors.centerIn: parent
     width: Math.min(400, parent.width - 2 * margins)
     height: Math.min(implicitHeight, parent.height - 2 * margins)
