@@ -64,6 +64,7 @@ QList<AccessibleObject> AccessibleObject::children() const
         list.endStructure();
         children.append({ m_bus, service, path.path() });
     }
+    list.endArray();
     return children;
 }
 
