@@ -50,6 +50,8 @@ void ContentView::setSelectedSidebarSection(PlayerSidebarSection section)
 void ContentView::sidebarShownOrHidden()
 {
     Q_EMIT showSidebarChanged();
+    if (showSidebar())
+        m_model.player()->prepare();
     if (showSidebar() && m_selectedSidebarSection == PlayerSidebarSection::Network) {
         // Once it has slid in.
         m_addressFocusTask.start(addressFocusDelay, [this] {
@@ -95,7 +97,10 @@ void ContentView::surfaceClicked()
 
 bool ContentView::acceptsDrop(const QList<QUrl> &urls) const
 {
-    return !urls.isEmpty() && urls.constFirst().isLocalFile();
+    const bool accepts = !urls.isEmpty() && urls.constFirst().isLocalFile();
+    if (accepts)
+        m_model.player()->prepare();
+    return accepts;
 }
 
 void ContentView::drop(const QList<QUrl> &urls)

@@ -42,7 +42,9 @@ public:
     explicit MediaPlayer(QObject *parent = nullptr);
     ~MediaPlayer() override;
 
-    /// Starts to load the engine, so that the first item need not wait for it.
+    /// Starts to load the engine, so that the first item need not wait for it. The engine takes
+    /// 40 MB, which a window that plays nothing does without: to be called when something is likely
+    /// to be played soon.
     void prepare();
 
     MediaItem *currentItem() const { return m_item.get(); }

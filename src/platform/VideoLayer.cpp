@@ -56,11 +56,6 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
         delete video;
         video = nullptr;
     }
-    if (m_player && !engine) {
-        // Not before there is a window to look at: loading the engine keeps a processor busy.
-        connect(window(), &QQuickWindow::frameSwapped, m_player, &MediaPlayer::prepare,
-                Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
-    }
     if (!engine || width() < 1 || height() < 1)
         return video;
 

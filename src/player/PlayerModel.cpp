@@ -71,6 +71,8 @@ void PlayerModel::play(const QUrl &url, const std::optional<QString> &displayNam
 
 void PlayerModel::openFile()
 {
+    // Its time is the user's, who looks for the file meanwhile.
+    m_player.prepare();
     const auto url = m_panels.chooseFile(
         { tr("Choose Media to Play"), tr("Video and audio"), mediaFileExtensions() });
     if (url)
