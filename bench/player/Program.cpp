@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <sys/wait.h>
@@ -17,10 +18,21 @@ std::string readFile(const std::string &path)
     return text.str();
 }
 
+/// What stands behind `label` at the beginning of a line.
+double numberIn(const std::string &path, const std::string &label)
+{
+    std::istringstream text(readFile(path));
+    for (std::string line; std::getline(text, line);) {
+        if (line.starts_with(label))
+            return std::stod(line.substr(label.size()));
+    }
+    return 0;
+}
+
 } // namespace
 
-Program::Program(const std::vector<std::string> &command,
-                 const std::vector<std::string> &environment)
+Program::Program(
+    const std::vector<std::string> &command, const std::vector<std::string> &environment)
 {
     int input[2];
     if (::pipe2(input, O_CLOEXEC) != 0)
@@ -71,6 +83,20 @@ std::chrono::duration<double> Program::cpuTime() const
     double system = 0;
     fields >> user >> system;
     return std::chrono::duration<double>((user + system) / double(::sysconf(_SC_CLK_TCK)));
+}
+
+double Program::wakeUps() const
+{
+    double wakeUps = 0;
+    const std::string folder = "/proc/" + std::to_string(m_process) + "/task";
+    for (const auto &thread : std::filesystem::directory_iterator(folder))
+        wakeUps += numberIn(thread.path() / "status", "voluntary_ctxt_switches:");
+    return wakeUps;
+}
+
+double Program::proportionalMemory() const
+{
+    return 1024 * numberIn("/proc/" + std::to_string(m_process) + "/smaps_rollup", "Pss:");
 }
 
 double Program::memory() const

@@ -10,8 +10,8 @@
 class Program {
 public:
     /// `environment` holds NAME=VALUE texts that are added to ours.
-    explicit Program(const std::vector<std::string> &command,
-                     const std::vector<std::string> &environment = {});
+    explicit Program(
+        const std::vector<std::string> &command, const std::vector<std::string> &environment = {});
     ~Program();
     Program(const Program &) = delete;
     Program &operator=(const Program &) = delete;
@@ -22,6 +22,12 @@ public:
     std::chrono::duration<double> cpuTime() const;
     /// Resident memory in bytes.
     double memory() const;
+    /// The same, but of what other programs use, too, only a share.
+    double proportionalMemory() const;
+    /// How often its threads have gone to sleep, and so were woken, since it was started.
+    double wakeUps() const;
+
+    int id() const { return m_process; }
 
 private:
     int m_process = 0;

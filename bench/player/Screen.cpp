@@ -11,13 +11,11 @@ namespace {
 struct Free {
     void operator()(void *memory) const { std::free(memory); }
 };
-template<typename Reply>
-using Owned = std::unique_ptr<Reply, Free>;
+template <typename Reply> using Owned = std::unique_ptr<Reply, Free>;
 
 } // namespace
 
-Screen::Screen()
-    : m_connection(xcb_connect(nullptr, nullptr))
+Screen::Screen() : m_connection(xcb_connect(nullptr, nullptr))
 {
     if (xcb_connection_has_error(m_connection)) {
         std::cerr << "There is no X display.\n";
@@ -52,26 +50,27 @@ bool Screen::waitFor(int x, int y, const std::function<bool(unsigned)> &isWanted
 
 void Screen::resizeWindow(int width, int height)
 {
-    const Owned<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
-        m_connection, xcb_query_tree(m_connection, m_screen->root), nullptr));
-    const unsigned size[] { unsigned(width), unsigned(height) };
+    const Owned<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_screen->root), nullptr));
+    const unsigned place[] { 0, 0, unsigned(width), unsigned(height) };
     for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
         const xcb_window_t window = xcb_query_tree_children(tree.get())[i];
         const Owned<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
             m_connection, xcb_get_window_attributes(m_connection, window), nullptr));
         if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE)
             xcb_configure_window(m_connection, window,
-                                 XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
+                XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH
+                    | XCB_CONFIG_WINDOW_HEIGHT,
+                place);
     }
     xcb_flush(m_connection);
 }
 
 unsigned Screen::colourAt(int x, int y)
 {
-    const Owned<xcb_get_image_reply_t> image(xcb_get_image_reply(
-        m_connection,
+    const Owned<xcb_get_image_reply_t> image(xcb_get_image_reply(m_connection,
         xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_screen->root, int16_t(x),
-                      int16_t(y), 1, 1, ~0u),
+            int16_t(y), 1, 1, ~0u),
         nullptr));
     if (!image)
         return 0;

@@ -13,14 +13,14 @@ public:
     Screen(const Screen &) = delete;
     Screen &operator=(const Screen &) = delete;
 
-    /// Paints the whole empty screen. Windows without a window manager open in its corner.
+    /// Paints the whole empty screen.
     void clear(unsigned colour);
 
     /// Looks at a point again and again until its colour is as wanted. False when that takes more
     /// than 20 seconds.
     bool waitFor(int x, int y, const std::function<bool(unsigned colour)> &isWanted);
 
-    /// Sizes the one window that is shown.
+    /// Moves the one window that is shown into the corner, and sizes it.
     void resizeWindow(int width, int height);
 
 private:

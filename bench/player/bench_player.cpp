@@ -36,6 +36,15 @@ const Command mpv { "mpv", "--no-config", "--keep-open", "--geometry=+0+0" };
 constexpr unsigned background = 0x404040;
 constexpr int menuBarHeight = 26;
 
+/// Looks for a colour at a point of a program's window. The player's is in the middle of the
+/// screen, all others are in its corner.
+bool waitFor(Screen &screen, const std::string &program, int x, int y,
+    const std::function<bool(unsigned)> &isWanted)
+{
+    const bool isPlayer = program == player || program == otherPlayer;
+    return screen.waitFor(x + (isPlayer ? 610 : 0), y + (isPlayer ? 385 : 0), isWanted);
+}
+
 bool isLight(unsigned colour)
 {
     return (colour & 0xff) > 0xc0 && (colour >> 8 & 0xff) > 0xc0 && (colour >> 16) > 0xc0;
@@ -95,7 +104,7 @@ std::optional<double> startUpSeconds(
     screen.clear(background);
     const auto start = Clock::now();
     const Program program(command, environment);
-    if (!screen.waitFor(300, 12, isLight))
+    if (!waitFor(screen, command.front(), 300, 12, isLight))
         return std::nullopt;
     return Seconds(Clock::now() - start).count();
 }
@@ -112,7 +121,7 @@ double memoryOfEmptyWindow(Screen &screen, const std::string &program)
 {
     screen.clear(background);
     const Program running({ program });
-    screen.waitFor(300, 12, isLight);
+    waitFor(screen, program, 300, 12, isLight);
     std::this_thread::sleep_for(std::chrono::seconds(1));
     return running.memory();
 }
@@ -145,7 +154,8 @@ void emptyWindowMemory(benchmark::State &run, const Command &command, bool isRef
     for ([[maybe_unused]] auto _ : run) {
         screen.clear(background);
         const Program program(command);
-        if (!screen.waitFor(300, 12, [](unsigned colour) { return colour != background; })) {
+        const auto isThere = [](unsigned colour) { return colour != background; };
+        if (!waitFor(screen, command.front(), 300, 12, isThere)) {
             run.SkipWithError("no window");
             return;
         }
@@ -153,7 +163,42 @@ void emptyWindowMemory(benchmark::State &run, const Command &command, bool isRef
         std::this_thread::sleep_for(std::chrono::seconds(1));
         run.SetIterationTime(1);
         run.counters["MiB"] = program.memory() / (1 << 20);
+        run.counters["proportional_MiB"] = program.proportionalMemory() / (1 << 20);
         state(run, "memory", isReference, program.memory());
+    }
+}
+
+/// What a window costs in which nothing moves: empty, or with a clip that is paused.
+void idle(benchmark::State &run, const Command &command, bool isPaused)
+{
+    constexpr auto time = std::chrono::seconds(10);
+    Screen screen;
+    for ([[maybe_unused]] auto _ : run) {
+        screen.clear(background);
+        const Program program(isPaused ? with(command, { clips + "/green.mp4" }) : command);
+        const auto isThere = [=](unsigned colour) {
+            return isPaused ? isGreen(colour) : colour != background;
+        };
+        if (!waitFor(screen, command.front(), 300, 200, isThere)) {
+            run.SkipWithError("nothing was seen on the screen");
+            return;
+        }
+        if (isPaused) {
+            const std::string keys = "xdotool search --all --onlyvisible --pid "
+                + std::to_string(program.id()) + " '.*' windowfocus --sync key space";
+            if (std::system(keys.c_str()) != 0)
+                run.SkipWithError("it takes no keys");
+        }
+        std::this_thread::sleep_for(std::chrono::seconds(4));
+        const double wakeUps = program.wakeUps();
+        const Seconds cpu = program.cpuTime();
+        const auto start = Clock::now();
+        std::this_thread::sleep_for(time);
+        const double seconds = Seconds(Clock::now() - start).count();
+        run.SetIterationTime(seconds);
+        run.counters["wake_ups_per_s"] = (program.wakeUps() - wakeUps) / seconds;
+        run.counters["cpu_s_per_s"] = (program.cpuTime() - cpu).count() / seconds;
+        run.counters["MiB"] = program.memory() / (1 << 20);
     }
 }
 
@@ -164,7 +209,7 @@ void startWithFile(benchmark::State &run, const Command &command, bool isReferen
         screen.clear(background);
         const auto start = Clock::now();
         const Program program(with(command, { clips + "/green.mp4" }));
-        if (!screen.waitFor(300, 200, isGreen))
+        if (!waitFor(screen, command.front(), 300, 200, isGreen))
             return std::nullopt;
         return Seconds(Clock::now() - start).count();
     });
@@ -223,7 +268,7 @@ void playing(benchmark::State &run, const std::string &name, int width, int heig
         const std::string clip = clips + "/" + name;
         const Program program(with(inMpv ? with(mpv, options) : Command { player }, { clip }));
         const auto moved = [](unsigned colour) { return colour != background; };
-        if (!screen.waitFor(100, 100, moved)) {
+        if (!waitFor(screen, inMpv ? mpv.front() : player, 100, 100, moved)) {
             run.SkipWithError("no window");
             return;
         }
@@ -272,6 +317,15 @@ void addAll()
     const Command idleMpv = with(mpv, { "--idle", "--force-window" });
     add("memory, empty/mpv", 1, [=](auto &run) { emptyWindowMemory(run, idleMpv, true); });
     add("memory, empty/player", 1, [](auto &run) { emptyWindowMemory(run, { player }, false); });
+
+    add("memory, empty/empty Qt Quick window", 1,
+        [](auto &run) { emptyWindowMemory(run, { emptyWindow }, false); });
+
+    for (const bool isPaused : { false, true }) {
+        const std::string name = isPaused ? "idle, paused" : "idle, empty";
+        add(name + "/mpv", 1, [=](auto &run) { idle(run, isPaused ? mpv : idleMpv, isPaused); });
+        add(name + "/player", 1, [=](auto &run) { idle(run, { player }, isPaused); });
+    }
 
     add("start with a file to its first picture/mpv", 10,
         [](auto &run) { startWithFile(run, mpv, true); });
