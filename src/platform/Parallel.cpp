@@ -5,28 +5,38 @@
 
 #include <algorithm>
 #include <atomic>
+#include <memory>
 
 namespace zeph {
 
+namespace {
+
+// Lives until the last helper is done with it, which may be after the caller was told.
+struct Progress {
+    std::atomic<qsizetype> next = 0;
+    QSemaphore finishedHelpers;
+};
+
+} // namespace
+
 void forEachInParallel(qsizetype count, const std::function<void(qsizetype)> &work)
 {
-    std::atomic<qsizetype> next = 0;
+    const auto progress = std::make_shared<Progress>();
     const auto workOn = [&] {
-        for (qsizetype i = next++; i < count; i = next++)
+        for (qsizetype i = progress->next++; i < count; i = progress->next++)
             work(i);
     };
 
     QThreadPool &pool = *QThreadPool::globalInstance();
-    QSemaphore finished;
-    int helpers = 0;
     const qsizetype wanted = std::min<qsizetype>(count, pool.maxThreadCount()) - 1;
-    while (helpers < wanted && pool.tryStart([&] {
+    int helpers = 0;
+    while (helpers < wanted && pool.tryStart([&workOn, progress] {
         workOn();
-        finished.release();
+        progress->finishedHelpers.release();
     }))
         ++helpers;
     workOn();
-    finished.acquire(helpers);
+    progress->finishedHelpers.acquire(helpers);
 }
 
 } // namespace zeph
