@@ -44,6 +44,42 @@ ChannelCriteria search(const char *text)
     return { QString::fromUtf8(text), {}, {} };
 }
 
+// The worst that a list can do: no two channels share a group or a country.
+QList<PlaylistEntry> channelsOfTheirOwnGroups(const benchmark::State &state)
+{
+    QList<PlaylistEntry> list;
+    for (const PlaylistEntry &entry : channels(state)) {
+        const auto number = static_cast<char32_t>(list.size());
+        PlaylistEntry::Fields fields { entry.id(), entry.name(),
+            *AddressText::fromText(QString(entry.address())), {},
+            QStringLiteral("Group %1").arg(number), {} };
+        fields.countryCode = QString(QChar(0x4e00 + number / 1000)) + QChar(0x4e00 + number % 1000);
+        list << PlaylistEntry(fields);
+    }
+    return list;
+}
+
+void prepareOwnGroups(benchmark::State &state)
+{
+    const QList<PlaylistEntry> list = channelsOfTheirOwnGroups(state);
+    for ([[maybe_unused]] auto _ : state) {
+        const ChannelFilter filter(list);
+        filter.prepared().waitForFinished();
+    }
+}
+
+void searchOwnGroups(benchmark::State &state)
+{
+    ChannelFilter filter(channelsOfTheirOwnGroups(state));
+    filter.setCriteria(search("1"));
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        filter.setCriteria({});
+        state.ResumeTiming();
+        filter.setCriteria(search("1"));
+    }
+}
+
 void prepare(benchmark::State &state)
 {
     const QList<PlaylistEntry> &list = channels(state);
@@ -95,6 +131,8 @@ BENCHMARK_CHANGE(countryOfSearch, search("1"),
     (ChannelCriteria { QStringLiteral("1"), QStringLiteral("TR"), {} }));
 BENCHMARK_CHANGE(noFilter, search("k"), search(""));
 BENCHMARK(prepare)->Apply(forAllSizes);
+BENCHMARK(searchOwnGroups)->Apply(forAllSizes);
+BENCHMARK(prepareOwnGroups)->Apply(forAllSizes)->Iterations(3);
 BENCHMARK(memory)->Arg(1'000'000)->Iterations(1);
 
 BENCHMARK_MAIN();
