@@ -2,7 +2,6 @@
 
 #include "platform/Parallel.h"
 
-#include <QPromise>
 #include <QtConcurrent>
 #include <QThreadPool>
 
@@ -18,16 +17,8 @@ namespace {
 
 using Index = std::shared_ptr<const ChannelIndex>;
 
-// A list of one chunk is prepared in less time than a frame takes.
 QFuture<Index> prepare(const QList<PlaylistEntry> &entries, const TextFolding &folding)
 {
-    if (entries.size() <= ChannelIndex::chunkSize) {
-        QPromise<Index> promise;
-        promise.start();
-        promise.addResult(ChannelIndex::create(entries, folding, [] { return false; }));
-        promise.finish();
-        return promise.future();
-    }
     return QtConcurrent::run([entries, folding](QPromise<Index> &promise) {
         promise.addResult(
             ChannelIndex::create(entries, folding, [&] { return promise.isCanceled(); }));
@@ -59,24 +50,27 @@ struct ChannelFilter::Query {
 ChannelFilter::ChannelFilter(const QList<PlaylistEntry> &entries, const TextFolding &folding)
     : m_entries(entries)
     , m_folding(folding)
-    , m_index(prepare(entries, folding))
+    , m_preparation(isLarge() ? prepare(entries, folding) : QFuture<Index>())
     , m_count(entries.size())
 {
 }
 
 ChannelFilter::~ChannelFilter()
 {
-    m_index.cancel();
+    m_preparation.cancel();
     // Giving back the memory of a million entries takes longer than a frame does.
-    if (m_entries.size() > ChannelIndex::chunkSize)
+    if (isLarge())
         QThreadPool::globalInstance()->start(
-            [entries = std::move(m_entries), index = std::move(m_index)] {});
+            [entries = std::move(m_entries), preparation = std::move(m_preparation),
+                index = std::move(m_index)] {});
 }
 
 const ChannelIndex &ChannelFilter::index() const
 {
-    // The future keeps it, too.
-    return *m_index.result();
+    if (!m_index)
+        m_index = isLarge() ? m_preparation.result()
+                            : ChannelIndex::create(m_entries, m_folding, [] { return false; });
+    return *m_index;
 }
 
 qsizetype ChannelFilter::row(qsizetype place) const

@@ -45,8 +45,8 @@ public:
     const ChannelCriteria &criteria() const { return m_criteria; }
     void setCriteria(const ChannelCriteria &criteria);
 
-    /// Finished when the list is prepared.
-    QFuture<void> prepared() const { return QFuture<void>(m_index); }
+    /// Finished when what needs the list prepared takes no longer than a frame.
+    QFuture<void> prepared() const { return QFuture<void>(m_preparation); }
     /// All countries of the list, in the order of their English names.
     QStringList countryCodes() const { return index().countryCodes(); }
     /// All groups of the list, in the order of their characters' numbers.
@@ -59,6 +59,8 @@ private:
     /// Places within the chunk.
     using ChunkRows = std::vector<std::uint16_t>;
 
+    /// A list of one chunk is prepared in less time than a frame takes, when it is asked about.
+    bool isLarge() const { return m_entries.size() > ChannelIndex::chunkSize; }
     const ChannelIndex &index() const;
     Query query(const ChannelCriteria &criteria) const;
     void filter(const Query &query);
@@ -66,7 +68,8 @@ private:
 
     QList<PlaylistEntry> m_entries;
     TextFolding m_folding;
-    QFuture<Index> m_index;
+    QFuture<Index> m_preparation; ///< Of a large list.
+    mutable Index m_index; ///< Null until it is needed.
 
     ChannelCriteria m_criteria;
     TextSearch m_search; ///< That of the criteria.
