@@ -33,7 +33,7 @@ public:
     {
         m_isStarted = true;
         m_download = std::make_unique<Download>(
-            key.url, DownloadLimits { .size = imageFileSizeLimit }, m_loader.m_network);
+            key.url, DownloadLimits { .size = imageFileSizeLimit }, m_loader.network());
         connect(m_download.get(), &Download::succeeded, this, [this] { decode(); });
         connect(m_download.get(), &Download::failed, this, [this] { finish({}); });
         connect(&m_decoding, &QFutureWatcherBase::finished, this,
@@ -119,6 +119,12 @@ void ImageLoader::remove(ImageRequest &request)
         return;
     end(*load);
     startNext();
+}
+
+/// Making it takes its time, which the start of the program is not to wait for.
+QNetworkAccessManager &ImageLoader::network()
+{
+    return m_network ? *m_network : m_network.emplace();
 }
 
 void ImageLoader::startNext()

@@ -11,6 +11,7 @@
 #include <QThreadPool>
 
 #include <deque>
+#include <optional>
 
 namespace zeph {
 
@@ -37,7 +38,10 @@ public:
     ~ImageLoader() override;
 
     /// Whether a request for this would finish at once.
-    bool remembers(const QUrl &url, QSize bounds) { return remembered({ url, bounds }).has_value(); }
+    bool remembers(const QUrl &url, QSize bounds)
+    {
+        return remembered({ url, bounds }).has_value();
+    }
     /// Bytes of the pictures that are remembered.
     qsizetype cachedBytes() const { return m_cache.totalCost(); }
     /// Downloads under way.
@@ -67,12 +71,13 @@ private:
     void remember(const Key &key, const QImage &image);
     void add(ImageRequest &request);
     void remove(ImageRequest &request);
+    QNetworkAccessManager &network();
     void startNext();
     void finish(ImageLoad &load, const QImage &image);
     void end(ImageLoad &load);
 
     const Limits m_limits;
-    QNetworkAccessManager m_network;
+    std::optional<QNetworkAccessManager> m_network; ///< From the first download on.
     QThreadPool m_decoders;
     QCache<Key, Remembered> m_cache;
     QHash<Key, ImageLoad *> m_loads; ///< Waiting or under way.

@@ -132,6 +132,7 @@ private Q_SLOTS:
         const Driver user = test.driver();
         test.view.controlBar()->toggleSidebar();
         QTRY_VERIFY(user.focused() == addressField);
+        QCOMPARE(user.role(network), QAccessible::RadioButton);
         QVERIFY(user.state(network).checked);
         user.click(localM3U);
         QCOMPARE(test.view.selectedSidebarSection(), PlayerSidebarSection::LocalM3U);
