@@ -62,7 +62,7 @@ struct Panel : ContentWindow {
         return ContentWindow::isUp()
             && QTest::qWaitFor(
                 [this] {
-                    return user.focused() == addressField
+                    return user.focused() == addressField && user.shows(addressField)
                         && user.pointIn(addressField, 0).x() == 10;
                 },
                 patience);
@@ -336,6 +336,31 @@ private Q_SLOTS:
         QVERIFY(test.model.currentURL().isEmpty());
         QTRY_VERIFY(!test.user.shows(searchField));
         QTRY_COMPARE(test.user.focused(), addressField);
+    }
+
+    void aMillionChannels()
+    {
+        constexpr int million = 1'000'000;
+        Panel test(manyChannels(million));
+        QVERIFY(test.isUp());
+        test.view.setAddress(test.server.url(path).toString());
+        test.view.openStream();
+        // It takes its time under the sanitizers.
+        QTRY_VERIFY_WITH_TIMEOUT(test.user.shows(count(million, million)), 5 * patience);
+        QTRY_VERIFY(test.user.shows(playHelp(QStringLiteral("Channel 0"))));
+        test.user.click(searchField);
+        test.key(Qt::Key_Down);
+        test.key(Qt::Key_End);
+        QTRY_COMPARE(test.user.focused(), playHelp(QStringLiteral("Channel 999999")));
+        const QQuickItem *last = test.window->activeFocusItem();
+        QCOMPARE(last->y() + 44, last->parentItem()->height());
+        test.type(QStringLiteral("99999"));
+        QTRY_VERIFY_WITH_TIMEOUT(test.user.shows(count(19, million)), 5 * patience);
+        QCOMPARE(test.user.focused(), searchField);
+        test.key(Qt::Key_Down);
+        QTRY_COMPARE(test.user.focused(), playHelp(QStringLiteral("Channel 99999")));
+        test.key(Qt::Key_Return);
+        QCOMPARE(test.model.title(), QStringLiteral("Channel 99999"));
     }
 
     void twoListsInARace()
