@@ -265,14 +265,14 @@ private Q_SLOTS:
     {
         Loading test;
         const QStringList all = paths(9);
+        for (const QString &path : all.first(6))
+            test.server.hold(path);
         std::vector<std::unique_ptr<ImageRequest>> requests;
         for (const QString &path : all) {
             test.server.serve(path, picture({ 4, 4 }));
             requests.push_back(
                 std::make_unique<ImageRequest>(test.loader, test.server.url(path), bounds));
         }
-        for (const QString &path : all.first(6))
-            test.server.hold(path);
         QTRY_COMPARE(test.requests(all), 6);
         requests[7] = nullptr; // Waits.
         requests[0] = nullptr; // Is under way, and makes room for another.
