@@ -21,6 +21,7 @@ SidebarItem {
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: title
+    Accessible.description: help
     Accessible.checkable: true
     Accessible.checked: checked
 

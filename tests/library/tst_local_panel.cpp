@@ -2,6 +2,7 @@
 #include "ContentWindow.h"
 
 #include <QFile>
+#include <QQmlProperty>
 
 using namespace zeph;
 
@@ -90,6 +91,27 @@ private Q_SLOTS:
         test.store().clear();
         QTRY_VERIFY(test.user.shows(emptyText));
         QVERIFY(test.user.shows(chooseFile));
+    }
+
+    void toolTipsSayWhatScreenReadersSay()
+    {
+        Panel test(5);
+        QVERIFY(test.isUp());
+        for (const QString &name : { changeFile, addLink, exportButton, clearButton, searchField,
+                 QStringLiteral("Countries"), QStringLiteral("Category"), playHelp(0), edit,
+                 deleteButton, QStringLiteral("Network"), QStringLiteral("Local M3U") }) {
+            QTRY_VERIFY2(test.user.shows(name), qPrintable(name));
+            QQuickItem *item = test.user.find(name);
+            const QString tip =
+                QQmlProperty(item, QStringLiteral("ToolTip.text"), qmlContext(test.window))
+                    .read()
+                    .toString();
+            QVERIFY2(!tip.isEmpty(), qPrintable(name));
+            const auto *said = QAccessible::queryAccessibleInterface(item);
+            QVERIFY2(
+                tip == said->text(QAccessible::Name) || tip == said->text(QAccessible::Description),
+                qPrintable(name));
+        }
     }
 
     void controls_data()

@@ -3,6 +3,7 @@
 #include "support/TestServer.h"
 
 #include <QClipboard>
+#include <QQmlProperty>
 #include <QSignalSpy>
 
 using namespace zeph;
@@ -105,6 +106,26 @@ private Q_SLOTS:
         QVERIFY(!test.user.shows(searchField));
         QVERIFY(!test.user.shows(nameField));
         QVERIFY(!test.user.shows(count(0, 0)));
+    }
+
+    void toolTipsSayWhatScreenReadersSay()
+    {
+        Panel test;
+        QVERIFY(test.showsList());
+        for (const QString &name : { addressField, openButton, addName, clearButton, searchField,
+                 countries, category, playHelp(QStringLiteral("One")), save }) {
+            QTRY_VERIFY2(test.user.shows(name), qPrintable(name));
+            QQuickItem *item = test.user.find(name);
+            const QString tip =
+                QQmlProperty(item, QStringLiteral("ToolTip.text"), qmlContext(test.window))
+                    .read()
+                    .toString();
+            QVERIFY2(!tip.isEmpty(), qPrintable(name));
+            const auto *said = QAccessible::queryAccessibleInterface(item);
+            QVERIFY2(
+                tip == said->text(QAccessible::Name) || tip == said->text(QAccessible::Description),
+                qPrintable(name));
+        }
     }
 
     void controls_data()
