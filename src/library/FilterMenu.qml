@@ -80,7 +80,6 @@ SidebarItem {
             clip: true
             focus: true
             model: button.choices
-            reuseItems: true
             boundsBehavior: Flickable.StopAtBounds
             highlightMoveDuration: 0
             ScrollBar.vertical: ScrollBar {}
