@@ -161,8 +161,10 @@ private Q_SLOTS:
         QTRY_COMPARE(player.await(Role::Panel, sidebar).rectangle().width(), 246);
         // The address is where the keys go.
         QTRY_COMPARE(player.focused().name(), QStringLiteral("Stream address"));
-        xdotool({ QStringLiteral("type"), QStringLiteral("http://a b") });
-        QTRY_COMPARE(player.focused().text(), QStringLiteral("http://a b"));
+        xdotool({ QStringLiteral("type"), QStringLiteral("ftp://ab") });
+        xdotool({ QStringLiteral("key"), QStringLiteral("Left"), QStringLiteral("space") });
+        QTRY_COMPARE(player.focused().text(), QStringLiteral("ftp://a b"));
+        QVERIFY(player.shows(Role::Button, pauseButton));
         QVERIFY(player.press(Role::RadioButton, QStringLiteral("Local M3U")));
         QVERIFY(player.await(Role::Button, QStringLiteral("Add M3U8 Link")));
         // A click on the picture closes it.
