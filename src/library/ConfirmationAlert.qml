@@ -52,13 +52,17 @@ Popup {
     contentItem: ColumnLayout {
         spacing: 10
 
-        Label {
+        // Not a Label, which would call itself static text.
+        Text {
             Layout.fillWidth: true
             text: alert.title
+            textFormat: Text.PlainText
+            color: palette.windowText
             font.weight: Font.DemiBold
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             Accessible.role: Accessible.Heading
+            Accessible.name: text
         }
         Label {
             Layout.fillWidth: true

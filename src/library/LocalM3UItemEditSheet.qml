@@ -111,14 +111,18 @@ Popup {
             width: parent.width
             spacing: 12
 
-            Label {
+            // Not a Label, which would call itself static text.
+            Text {
                 Layout.fillWidth: true
                 text: sheet.form.title
+                textFormat: Text.PlainText
+                color: palette.windowText
                 font.pixelSize: Math.round(sheet.font.pixelSize * 15 / 13)
                 font.weight: Font.DemiBold
                 elide: Text.ElideRight
 
                 Accessible.role: Accessible.Heading
+                Accessible.name: text
             }
 
             Field {
