@@ -1,36 +1,16 @@
 // What the window itself does when the sidebar's section changes, and when a list comes or goes.
+#include "Channels.h"
 #include "library/ChannelBrowser.h"
 #include "library/LocalM3UStore.h"
-#include "platform/FilePanels.h"
 #include "player/PlayerModel.h"
-#include "sources/PlaylistParser.h"
-#include "support/ChannelList.h"
-
-#include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
 using namespace zeph;
+using namespace zeph::bench;
 
 namespace {
-
-class NoPanels final : public FilePanels {
-public:
-    std::optional<QUrl> chooseFile(const OpenPanel &) override { return std::nullopt; }
-    std::optional<QUrl> chooseSaveFile(const SavePanel &) override { return std::nullopt; }
-    void showWarning(const WarningAlert &) override { }
-};
-
-QList<PlaylistEntry> channels(int count)
-{
-    return PlaylistParser::parse(PlaylistText::fromBytes(bench::channelList(count)), QUrl());
-}
-
-QList<PlaylistEntry> channels(const benchmark::State &state)
-{
-    return channels(static_cast<int>(state.range(0)));
-}
 
 struct Window {
     QTemporaryDir folder;

@@ -1,30 +1,26 @@
 // What a key press in the search field, a choice in a filter menu and a new list cost before
 // anything is drawn.
+#include "Channels.h"
 #include "library/ChannelFilter.h"
-#include "sources/PlaylistParser.h"
-#include "support/ChannelList.h"
 #include "support/MemoryUse.h"
-
-#include <benchmark/benchmark.h>
 
 using namespace zeph;
 
 namespace {
 
-const QList<PlaylistEntry> &channels(const benchmark::State &state)
+const QList<PlaylistEntry> &madeOnce(const benchmark::State &state)
 {
     static QHash<int, QList<PlaylistEntry>> lists;
     const auto count = static_cast<int>(state.range(0));
     if (!lists.contains(count))
-        lists.insert(count,
-            PlaylistParser::parse(PlaylistText::fromBytes(bench::channelList(count)), QUrl()));
+        lists.insert(count, bench::channels(count));
     return lists[count];
 }
 
 // From one choice of criteria to another.
 void change(benchmark::State &state, const ChannelCriteria &before, const ChannelCriteria &after)
 {
-    ChannelFilter filter(channels(state));
+    ChannelFilter filter(madeOnce(state));
     filter.setCriteria(after);
     const qsizetype found = filter.count();
     for ([[maybe_unused]] auto _ : state) {
@@ -48,7 +44,7 @@ ChannelCriteria search(const char *text)
 QList<PlaylistEntry> channelsOfTheirOwnGroups(const benchmark::State &state)
 {
     QList<PlaylistEntry> list;
-    for (const PlaylistEntry &entry : channels(state)) {
+    for (const PlaylistEntry &entry : madeOnce(state)) {
         const auto number = static_cast<char32_t>(list.size());
         PlaylistEntry::Fields fields { entry.id(), entry.name(),
             *AddressText::fromText(QString(entry.address())), {},
@@ -82,7 +78,7 @@ void searchOwnGroups(benchmark::State &state)
 
 void prepare(benchmark::State &state)
 {
-    const QList<PlaylistEntry> &list = channels(state);
+    const QList<PlaylistEntry> &list = madeOnce(state);
     for ([[maybe_unused]] auto _ : state) {
         const ChannelFilter filter(list);
         benchmark::DoNotOptimize(filter.categories());
@@ -92,7 +88,7 @@ void prepare(benchmark::State &state)
 // The memory that a prepared and searched list takes besides its entries.
 void memory(benchmark::State &state)
 {
-    const QList<PlaylistEntry> &list = channels(state);
+    const QList<PlaylistEntry> &list = madeOnce(state);
     qint64 bytes = 0;
     for ([[maybe_unused]] auto _ : state) {
         const qint64 before = bench::currentMemory();

@@ -1,35 +1,15 @@
 // What the window waits for: the saved links at its start, and with every change of them.
+#include "Channels.h"
 #include "library/LocalM3UStore.h"
-#include "platform/FilePanels.h"
 #include "player/PlayerModel.h"
-#include "sources/PlaylistParser.h"
-#include "support/ChannelList.h"
-
-#include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
 using namespace zeph;
+using namespace zeph::bench;
 
 namespace {
-
-class NoPanels final : public FilePanels {
-public:
-    std::optional<QUrl> chooseFile(const OpenPanel &) override { return std::nullopt; }
-    std::optional<QUrl> chooseSaveFile(const SavePanel &) override { return std::nullopt; }
-    void showWarning(const WarningAlert &) override { }
-};
-
-QList<PlaylistEntry> channels(int count)
-{
-    return PlaylistParser::parse(PlaylistText::fromBytes(bench::channelList(count)), QUrl());
-}
-
-QList<PlaylistEntry> savedChannels(const benchmark::State &state)
-{
-    return channels(static_cast<int>(state.range(0)));
-}
 
 // A store over a settings file of its own, in the folder for temporary files.
 struct Library {
@@ -45,7 +25,7 @@ struct Library {
 // From the file, which this process has not read before.
 void load(benchmark::State &state)
 {
-    Library library(savedChannels(state));
+    Library library(channels(state));
     const QString file = library.folder.filePath(QStringLiteral("settings.conf"));
     int copies = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -66,7 +46,7 @@ void load(benchmark::State &state)
 // The last of those that are saved, which takes longest to be found among them.
 void saveAtFront(benchmark::State &state)
 {
-    Library library(savedChannels(state));
+    Library library(channels(state));
     for ([[maybe_unused]] auto _ : state)
         library.store.saveToLocalM3U(library.store.entries().constLast());
     if (!library.store.errorMessage().isEmpty())
@@ -75,7 +55,7 @@ void saveAtFront(benchmark::State &state)
 
 void persist(benchmark::State &state)
 {
-    Library library(savedChannels(state));
+    Library library(channels(state));
     for ([[maybe_unused]] auto _ : state)
         library.store.persist();
     if (!library.store.errorMessage().isEmpty())
@@ -86,7 +66,7 @@ void persist(benchmark::State &state)
 void containsAMillion(benchmark::State &state)
 {
     constexpr int listed = 1'000'000;
-    const Library library(savedChannels(state));
+    const Library library(channels(state));
     const QList<PlaylistEntry> list = channels(listed);
     qsizetype found = 0;
     for ([[maybe_unused]] auto _ : state) {

@@ -4,8 +4,10 @@
 #include "sources/PlaylistEntry.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <functional>
+#include <optional>
 
 inline zeph::AddressText address(const QString &text)
 {
@@ -34,6 +36,16 @@ inline zeph::PlaylistEntry savedLinkWith(
     return zeph::PlaylistEntry(fields);
 }
 
+/// The same of some group, from some country.
+inline zeph::PlaylistEntry channel(const QString &name, const std::optional<QString> &group = {},
+    const std::optional<QString> &country = {})
+{
+    zeph::PlaylistEntry::Fields fields = savedLinkFields(name);
+    fields.groupTitle = group;
+    fields.countryCode = country;
+    return zeph::PlaylistEntry(fields);
+}
+
 /// Called after `name` and their places in the list.
 inline QList<zeph::PlaylistEntry> savedLinks(const QString &name, int count)
 {
@@ -41,4 +53,12 @@ inline QList<zeph::PlaylistEntry> savedLinks(const QString &name, int count)
     for (int i = 0; i < count; ++i)
         links << savedLink(name + QString::number(i));
     return links;
+}
+
+inline QStringList names(const QList<zeph::PlaylistEntry> &entries)
+{
+    QStringList names;
+    for (const zeph::PlaylistEntry &entry : entries)
+        names << entry.name();
+    return names;
 }

@@ -15,23 +15,6 @@ namespace {
 constexpr auto network = PlayerSidebarSection::Network;
 constexpr auto localM3U = PlayerSidebarSection::LocalM3U;
 
-PlaylistEntry channel(const QString &name, const std::optional<QString> &group = {},
-    const std::optional<QString> &country = {})
-{
-    PlaylistEntry::Fields fields = savedLinkFields(name);
-    fields.groupTitle = group;
-    fields.countryCode = country;
-    return PlaylistEntry(fields);
-}
-
-QStringList names(const QList<PlaylistEntry> &entries)
-{
-    QStringList names;
-    for (const PlaylistEntry &entry : entries)
-        names << entry.name();
-    return names;
-}
-
 QStringList column(const FilterChoices &choices, FilterChoices::Role role)
 {
     QStringList texts;

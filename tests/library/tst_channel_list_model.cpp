@@ -15,15 +15,6 @@ namespace {
 
 using Model = ChannelListModel;
 
-PlaylistEntry channel(const QString &name, const std::optional<QString> &group = {},
-    const std::optional<QString> &country = {})
-{
-    PlaylistEntry::Fields fields = savedLinkFields(name);
-    fields.groupTitle = group;
-    fields.countryCode = country;
-    return PlaylistEntry(fields);
-}
-
 QVariant at(const Model &list, int row, Model::Role role)
 {
     return list.data(list.index(row), role);

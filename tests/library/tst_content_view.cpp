@@ -18,14 +18,6 @@ const QString clearTitle = QStringLiteral("Delete All Local M3U8 Links?");
 const QString deleteTitle = QStringLiteral("Delete Channel?");
 const QString cancel = QStringLiteral("Cancel");
 
-QStringList names(const QList<PlaylistEntry> &entries)
-{
-    QStringList names;
-    for (const PlaylistEntry &entry : entries)
-        names << entry.name();
-    return names;
-}
-
 } // namespace
 
 class ContentViewTest : public QObject {

@@ -9,18 +9,6 @@
 using namespace zeph;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QStringList names(const QList<PlaylistEntry> &entries)
-{
-    QStringList names;
-    for (const PlaylistEntry &entry : entries)
-        names << entry.name();
-    return names;
-}
-
-} // namespace
-
 class ContentViewChannelsTest : public QObject {
     Q_OBJECT
 

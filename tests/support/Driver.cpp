@@ -2,6 +2,8 @@
 
 #include "support/Patience.h"
 
+#include <QQmlEngine>
+#include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSignalSpy>
@@ -43,6 +45,16 @@ QAccessible::Role Driver::role(const QString &name) const
 QAccessible::State Driver::state(const QString &name) const
 {
     return accessible(find(name)).state();
+}
+
+bool Driver::saysToolTip(const QString &name) const
+{
+    QQuickItem *item = find(name);
+    const QString tip =
+        QQmlProperty(item, QStringLiteral("ToolTip.text"), qmlContext(&m_window)).read().toString();
+    const QAccessibleInterface &said = accessible(item);
+    return !tip.isEmpty()
+        && (tip == said.text(QAccessible::Name) || tip == said.text(QAccessible::Description));
 }
 
 double Driver::value(const QString &name) const

@@ -20,6 +20,8 @@ public:
 
     QAccessible::Role role(const QString &name) const;
     QAccessible::State state(const QString &name) const;
+    /// It has a tool tip, and a screen reader says the same, as its name or as its description.
+    bool saysToolTip(const QString &name) const;
     /// Of a slider.
     double value(const QString &name) const;
     /// Sets a slider as a screen reader does.
