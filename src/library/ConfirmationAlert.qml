@@ -82,7 +82,7 @@ Popup {
             }
             AlertButton {
                 text: alert.destructiveText
-                palette.buttonText: "#c5221f"
+                palette.buttonText: "#e0443e"
                 onClicked: alert.accepted()
             }
         }

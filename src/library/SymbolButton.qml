@@ -23,6 +23,7 @@ AbstractButton {
     Keys.onEnterPressed: clicked()
 
     Accessible.name: help
+    Accessible.onPressAction: clicked()
     ToolTip.text: help
     ToolTip.visible: hovered && !down
     ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval

@@ -38,6 +38,8 @@ Rectangle {
             Keys.onReturnPressed: panel.retry()
             Keys.onEnterPressed: panel.retry()
             onClicked: panel.retry()
+
+            Accessible.onPressAction: clicked()
         }
     }
 }
