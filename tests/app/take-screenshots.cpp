@@ -1,9 +1,15 @@
 // Takes pictures of the built program's window in all its states: take-screenshots CLIP FOLDER.
 // ZEPH_PLAYER says which program it is. See tools/take-documentation-screenshots.
 #include "Player.h"
+#include "support/TestServer.h"
 
+#include <QBuffer>
 #include <QDBusVariant>
 #include <QDir>
+#include <QFileInfo>
+#include <QPainter>
+
+using namespace zeph;
 
 namespace {
 
@@ -18,6 +24,65 @@ public Q_SLOTS:
         constexpr uint dark = 1;
         return QDBusVariant(QVariant::fromValue(QDBusVariant(dark)));
     }
+};
+
+QByteArray logo(int hue)
+{
+    QImage image(96, 96, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromHsv(hue, 130, 190));
+    painter.drawRoundedRect(image.rect(), 20, 20);
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(image.rect().center(), 22, 22);
+    painter.end();
+    QBuffer png;
+    image.save(&png, "PNG");
+    return png.data();
+}
+
+/// A list of channels that all show the clip.
+class Channels {
+public:
+    explicit Channels(const QFileInfo &clip) : m_server(clip.path())
+    {
+        const QByteArray clipPath = '/' + clip.fileName().toUtf8().toPercentEncoding();
+        const QList<QByteArrayList> channels {
+            { "Aurora News", "NO", "News" },
+            { "Bergfunk", "AT", "Regional" },
+            { "Cinéma du Lac", "CH", "Movies" },
+            { "Delta Sport 1", "NL", "Sports" },
+            { "Delta Sport 2", "NL", "Sports" },
+            { "Evening Hills", "GB", "Nature" },
+            { "Fjordglimt", "NO", "Nature" },
+            { "Gondola Opera", "IT", "Music" },
+            { "Hafenradio", "DE", "Music" },
+            { "İzmir Sahil", "TR", "Regional" },
+            { "Jardim Infantil", "PT", "Children" },
+            { "קול הגליל", "IL", "News" },
+        };
+        QByteArray list = "#EXTM3U\n";
+        for (qsizetype i = 0; i < channels.size(); ++i) {
+            const QByteArrayList &channel = channels[i];
+            const QByteArray logoPath = "/logo" + QByteArray::number(i) + ".png";
+            list += "#EXTINF:-1 tvg-logo=\""
+                + m_server.url(QString::fromLatin1(logoPath)).toEncoded() + "\" tvg-country=\""
+                + channel[1] + "\" group-title=\"" + channel[2] + "\"," + channel[0] + '\n'
+                + clipPath + "?channel=" + QByteArray::number(i) + "\n";
+            // Some channels have none.
+            if (i % 4 != 3)
+                m_server.serve(QString::fromLatin1(logoPath), logo(static_cast<int>(i * 67 % 360)),
+                    "image/png");
+        }
+        m_server.serve(QStringLiteral("/channels.m3u"), list, "audio/x-mpegurl");
+    }
+
+    QString address() const { return m_server.url(QStringLiteral("/channels.m3u")).toString(); }
+
+private:
+    TestServer m_server;
 };
 
 class Photographer {
@@ -100,6 +165,32 @@ public:
         take(player, "edit-sheet");
     }
 
+    void channels() const
+    {
+        const Channels list { QFileInfo(m_clip) };
+        const Player player(m_bus);
+        await(player, Role::Button, playButton);
+        press(player, Role::Button, sidebarButton);
+        awaitAddressField(player);
+        xdotool({ QStringLiteral("type"), list.address() });
+        await(player, Role::ListItem, QStringLiteral("Play Aurora News"));
+        press(player, Role::ListItem, QStringLiteral("Play Bergfunk"));
+        await(player, Role::Button, pauseButton);
+        take(player, "channels");
+        for (int i = 0; i < 3; ++i)
+            press(player, Role::Button, QStringLiteral("Save to Local M3U"));
+        press(player, Role::RadioButton, QStringLiteral("Local M3U"));
+        await(player, Role::Button, QStringLiteral("Export"));
+        take(player, "saved-links");
+        press(player, Role::Button, QStringLiteral("Clear"));
+        await(player, Role::Button, QStringLiteral("Delete Permanently"));
+        take(player, "alert");
+        press(player, Role::Button, QStringLiteral("Delete Permanently"));
+        (void)QTest::qWaitFor(
+            [&] { return !player.shows(Role::Button, QStringLiteral("Delete Permanently")); },
+            patience);
+    }
+
     void fullScreen() const
     {
         const Player player(m_bus, { m_clip });
@@ -175,6 +266,7 @@ int main(int argc, char *argv[])
     photographer.playing();
     photographer.displayModes();
     photographer.sidebars();
+    photographer.channels();
     photographer.fullScreen();
 
     DarkDesktop settings;
@@ -186,6 +278,7 @@ int main(int argc, char *argv[])
     photographer.empty();
     photographer.playing();
     photographer.sidebars();
+    photographer.channels();
     photographer.fullScreen();
 }
 
