@@ -17,7 +17,7 @@ ColumnLayout {
         Layout.fillWidth: true
         placeholderText: filters.placeholder
         text: filters.browser.channelSearch
-        onTextEdited: filters.browser.channelSearch = text
+        onTextChanged: filters.browser.channelSearch = text
     }
     RowLayout {
         spacing: 4

@@ -129,29 +129,29 @@ Popup {
                 id: nameField
                 placeholderText: qsTr("Channel or video name")
                 text: sheet.form.name
-                onTextEdited: sheet.form.name = text
+                onTextChanged: sheet.form.name = text
             }
             Field {
                 placeholderText: qsTr("M3U8 URL")
                 text: sheet.form.address
-                onTextEdited: sheet.form.address = text
+                onTextChanged: sheet.form.address = text
                 inputMethodHints: Qt.ImhUrlCharactersOnly | Qt.ImhNoPredictiveText
             }
             Field {
                 placeholderText: qsTr("Logo URL (optional)")
                 text: sheet.form.logoAddress
-                onTextEdited: sheet.form.logoAddress = text
+                onTextChanged: sheet.form.logoAddress = text
                 inputMethodHints: Qt.ImhUrlCharactersOnly | Qt.ImhNoPredictiveText
             }
             Field {
                 placeholderText: qsTr("Country code (for example: TR, US)")
                 text: sheet.form.countryCode
-                onTextEdited: sheet.form.countryCode = text
+                onTextChanged: sheet.form.countryCode = text
             }
             Field {
                 placeholderText: qsTr("Category (optional)")
                 text: sheet.form.category
-                onTextEdited: sheet.form.category = text
+                onTextChanged: sheet.form.category = text
             }
 
             RowLayout {

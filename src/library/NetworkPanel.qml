@@ -18,7 +18,7 @@ ColumnLayout {
         help: helpLine.text
         text: panel.view.address
         inputMethodHints: Qt.ImhUrlCharactersOnly | Qt.ImhNoPredictiveText
-        onTextEdited: panel.view.address = text
+        onTextChanged: panel.view.address = text
         onAccepted: panel.view.openStream()
         onActiveFocusChanged: panel.view.isStreamAddressFocused = activeFocus
     }
@@ -31,7 +31,7 @@ ColumnLayout {
         visible: panel.view.showMovieName
         placeholderText: qsTr("Movie or Playlist Name (optional)")
         text: panel.view.movieName
-        onTextEdited: panel.view.movieName = text
+        onTextChanged: panel.view.movieName = text
         onAccepted: panel.view.openStream()
     }
     RowLayout {
