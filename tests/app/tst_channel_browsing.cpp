@@ -88,6 +88,17 @@ private Q_SLOTS:
         QVERIFY(player.awaitChannel(QStringLiteral("Colours")));
     }
 
+    void whatIsNotTypedCountsLikewise()
+    {
+        const Station station;
+        const SidebarPlayer player(m_bus);
+        QVERIFY(player.showSidebar());
+        QVERIFY(player.find(Role::TextField, addressField).setText(station.url(path).toString()));
+        QVERIFY(player.awaitHeading(networkCount(3, 3)));
+        QVERIFY(player.await(Role::TextField, networkSearch).setText(QStringLiteral("news")));
+        QVERIFY(player.awaitHeading(networkCount(2, 3)));
+    }
+
     void otherSchemesDoNotOpenByThemselves()
     {
         const SidebarPlayer player(m_bus);

@@ -93,6 +93,24 @@ private Q_SLOTS:
         QVERIFY(player.awaitColours());
     }
 
+    void aLinkIsAdded()
+    {
+        const SidebarPlayer player(m_bus);
+        QVERIFY(showLinks(player));
+        QVERIFY(player.pressButton(QStringLiteral("Add M3U8 Link")));
+        QVERIFY(player.awaitHeading(QStringLiteral("Add M3U8 Link")));
+        // As a screen reader, or a voice, writes: without keys.
+        const QStringList texts { nameField, QStringLiteral("Mine"), QStringLiteral("M3U8 URL"),
+            QStringLiteral("http://127.0.0.1:9/3.m3u8"),
+            QStringLiteral("Country code (for example: TR, US)"), QStringLiteral(" at "),
+            QStringLiteral("Category (optional)"), QStringLiteral("Music") };
+        for (qsizetype i = 0; i < texts.size(); i += 2)
+            QVERIFY(player.await(Role::TextField, texts[i]).setText(texts[i + 1]));
+        QVERIFY(player.pressButton(QStringLiteral("Save")));
+        QCOMPARE(player.awaitChannel(QStringLiteral("Mine")).description(),
+            QStringLiteral("Austria  \u00b7  Music"));
+    }
+
     void aLinkIsEdited()
     {
         {
