@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(player.focused().text(), QString());
         QVERIFY(!player.showsChannel(QStringLiteral("Colours")));
         QVERIFY(player.await(Role::Button, QStringLiteral("Open Media")));
-        QVERIFY(!player.showsColours());
+        QTRY_VERIFY(!player.showsColours());
         QTRY_COMPARE(player.title(), QStringLiteral("Zeph Player"));
     }
 
