@@ -24,15 +24,6 @@ QList<PlaylistEntry> channelsNamed(const QStringList &names)
     return channels;
 }
 
-PlaylistEntry channel(const QString &name, const std::optional<QString> &group,
-    const std::optional<QString> &country = {})
-{
-    PlaylistEntry::Fields fields = savedLinkFields(name);
-    fields.groupTitle = group;
-    fields.countryCode = country;
-    return PlaylistEntry(fields);
-}
-
 void chopCharacter(QString &text)
 {
     if (!text.isEmpty())
