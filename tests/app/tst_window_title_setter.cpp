@@ -21,6 +21,7 @@ class TitledWindow {
 public:
     TitledWindow()
     {
+        m_setter->setParent(window.contentItem());
         m_setter->setParentItem(window.contentItem());
         static_cast<QQmlParserStatus *>(m_setter)->componentComplete();
     }
