@@ -27,14 +27,6 @@ struct Field {
 
     QString listAddress() const { return server.url(list).toString(); }
     bool showsChannels() const { return view.networkPlaylist().size() == 2; }
-    /// Waits until something opened by itself would have been.
-    void waitForAutomaticOpen() const
-    {
-        bool passed = false;
-        Delay delay;
-        delay.start(ContentView::automaticOpenDelay * 2, [&] { passed = true; });
-        QTRY_VERIFY(passed);
-    }
 };
 
 } // namespace
@@ -139,7 +131,7 @@ private Q_SLOTS:
         Field field;
         field.view.setAddress(field.listAddress());
         field.view.setAddress(address); // Which also keeps the one before from opening.
-        field.waitForAutomaticOpen();
+        outwait(ContentView::automaticOpenDelay);
         QCOMPARE(field.server.requestCount(list), 0);
         QCOMPARE(field.model.errorMessage(), QString());
         QVERIFY(field.model.currentURL().isEmpty());
@@ -179,7 +171,7 @@ private Q_SLOTS:
         field.view.setAddress(field.listAddress());
         field.view.openStream();
         QVERIFY(field.model.isLoading());
-        field.waitForAutomaticOpen();
+        outwait(ContentView::automaticOpenDelay);
         QTRY_VERIFY(field.showsChannels());
         QCOMPARE(field.server.requestCount(list), 1);
         QCOMPARE(field.model.title(), QStringLiteral("Mine"));
@@ -201,7 +193,7 @@ private Q_SLOTS:
         QVERIFY(field.view.networkPlaylist().isEmpty());
         QVERIFY(field.model.currentURL().isEmpty());
         QVERIFY(field.view.isStreamAddressFocused());
-        field.waitForAutomaticOpen();
+        outwait(ContentView::automaticOpenDelay);
         QCOMPARE(field.server.requestCount(list), 1);
         field.model.togglePlayback();
         QVERIFY(field.model.currentURL().isEmpty());
@@ -218,7 +210,7 @@ private Q_SLOTS:
         QVERIFY(!field.model.isLoading());
         field.server.letGo(list);
         QTRY_COMPARE(field.server.answeredCount(list), 1);
-        field.waitForAutomaticOpen();
+        outwait(ContentView::automaticOpenDelay);
         QVERIFY(field.view.networkPlaylist().isEmpty());
     }
 

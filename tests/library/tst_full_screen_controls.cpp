@@ -176,7 +176,7 @@ private Q_SLOTS:
         QVERIFY(test.play());
         test.model.togglePlayback();
         test.moveMouse({ 300, 300 });
-        QTest::qWait(2500);
+        outwait(ContentView::cursorHideDelay);
         QVERIFY(!test.view.isCursorHidden());
         // Playing arms the timer though the mouse rests.
         test.model.togglePlayback();
@@ -190,7 +190,7 @@ private Q_SLOTS:
         QVERIFY(test.play());
         test.moveMouse({ 300, 300 });
         test.model.togglePlayback();
-        QTest::qWait(2500);
+        outwait(ContentView::cursorHideDelay);
         QVERIFY(!test.view.isCursorHidden());
     }
 
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QVERIFY(test.play());
         test.moveMouse({ 300, 490 });
         QVERIFY(!test.view.isMouseOverPlayer(*test.window));
-        QTest::qWait(2500);
+        outwait(ContentView::cursorHideDelay);
         QVERIFY(!test.view.isCursorHidden());
     }
 
