@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import ZephPlayer.Library
 
 Popup {
     id: alert
@@ -13,18 +14,6 @@ Popup {
 
     signal accepted
     signal rejected
-
-    component AlertButton: Button {
-        Layout.fillWidth: true
-        leftPadding: 12
-        rightPadding: 12
-
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-
-        Accessible.name: text
-        Accessible.onPressAction: clicked()
-    }
 
     parent: Overlay.overlay
     // One that is made while the desktop is dark would be light.
@@ -75,14 +64,16 @@ Popup {
             Layout.topMargin: 6
             spacing: 8
 
-            AlertButton {
+            TextButton {
                 id: cancelButton
+                Layout.fillWidth: true
                 text: qsTr("Cancel")
                 onClicked: alert.rejected()
             }
-            AlertButton {
+            TextButton {
+                Layout.fillWidth: true
                 text: alert.destructiveText
-                palette.buttonText: "#e0443e"
+                palette.buttonText: WarningColor.on(alert.palette.button)
                 onClicked: alert.accepted()
             }
         }

@@ -34,26 +34,6 @@ Popup {
         ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
     }
 
-    component SheetButton: Button {
-        id: button
-
-        required property string help
-
-        leftPadding: 10
-        rightPadding: 10
-
-        // On a button the key means the button, everywhere else the sheet.
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-
-        Accessible.name: text
-        Accessible.description: help
-        Accessible.onPressAction: clicked()
-        ToolTip.text: help
-        ToolTip.visible: hovered
-        ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
-    }
-
     parent: Overlay.overlay
     // One that is made while the desktop is dark would be light.
     palette: parent.palette
@@ -163,13 +143,13 @@ Popup {
                     fallback: "tv"
                     delay: 450
                 }
-                SheetButton {
+                TextButton {
                     id: chooseLogoButton
                     text: qsTr("Choose Logo File…")
                     help: qsTr("Choose a picture on this computer as the logo")
                     onClicked: sheet.form.chooseLogoFile()
                 }
-                SheetButton {
+                TextButton {
                     text: qsTr("Remove Logo")
                     help: qsTr("Save the link without a logo")
                     visible: sheet.form.logoAddress.length > 0
@@ -188,7 +168,7 @@ Popup {
                 textFormat: Text.PlainText
                 wrapMode: Text.Wrap
                 font.pixelSize: Math.round(sheet.font.pixelSize * 0.85)
-                color: sheet.palette.window.hslLightness < 0.5 ? "#ff8a80" : "#b3261e"
+                color: WarningColor.on(sheet.palette.window)
 
                 Accessible.role: Accessible.AlertMessage
                 Accessible.name: text
@@ -198,12 +178,12 @@ Popup {
                 Layout.alignment: Qt.AlignRight
                 spacing: 8
 
-                SheetButton {
+                TextButton {
                     text: qsTr("Cancel")
                     help: qsTr("Close without saving")
                     onClicked: sheet.form.cancel()
                 }
-                SheetButton {
+                TextButton {
                     text: qsTr("Save")
                     help: qsTr("Save the link")
                     // It stands out while Return means it.

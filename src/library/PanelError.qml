@@ -1,6 +1,7 @@
 // What went wrong.
 import QtQuick
 import QtQuick.Layouts
+import ZephPlayer.Library
 
 // Not a Label, which would call itself static text.
 Text {
@@ -9,7 +10,7 @@ Text {
     textFormat: Text.PlainText
     wrapMode: Text.Wrap
     font.pixelSize: 11
-    color: palette.window.hslLightness < 0.5 ? "#ff8a80" : "#b3261e"
+    color: WarningColor.on(palette.window)
 
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text

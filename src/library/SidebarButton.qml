@@ -1,29 +1,17 @@
 // A button with a text, in the sidebar.
 import QtQuick
 import QtQuick.Controls
+import ZephPlayer.Library
 import ZephPlayer.Surface
 
-Button {
+TextButton {
     id: button
 
-    required property string help
     /// Before the text; empty for none.
     property string symbol
 
-    leftPadding: 10
-    rightPadding: 10
     font.pointSize: 9
     focusPolicy: Qt.TabFocus
-
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-
-    Accessible.name: text
-    Accessible.description: help
-    Accessible.onPressAction: clicked()
-    ToolTip.text: help
-    ToolTip.visible: hovered && !down
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
     contentItem: Item {
         implicitWidth: row.implicitWidth
