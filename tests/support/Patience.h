@@ -23,5 +23,5 @@ inline void outwait(std::chrono::milliseconds length)
     bool isOver = false;
     zeph::Delay delay;
     delay.start(2 * length, [&isOver] { isOver = true; });
-    QTRY_VERIFY(isOver);
+    QVERIFY(QTest::qWaitFor([&isOver] { return isOver; }, patience));
 }
