@@ -1,6 +1,7 @@
 #include "app/ZephPlayerApp.h"
 
 #include "app/AddressArgument.h"
+#include "platform/Heap.h"
 #include "platform/RunTimeModules.h"
 
 #include <QApplication>
@@ -20,6 +21,7 @@ namespace zeph {
 
 int ZephPlayerApp::run(int argc, char *argv[])
 {
+    useOneHeap();
     QCoreApplication::setApplicationName(QStringLiteral("Zeph Player"));
     QCoreApplication::setOrganizationName(QStringLiteral("ZephPlayer"));
     QGuiApplication::setDesktopFileName(QStringLiteral("zeph-player"));
