@@ -37,6 +37,13 @@ void FilterChoices::choose(int row)
         setSelected(valueAt(row));
 }
 
+int FilterChoices::rowBeginningWith(const QString &text, int first) const
+{
+    const QModelIndexList rows = match(index(first < rowCount() ? first : 0), TitleRole, text, 1,
+        Qt::MatchStartsWith | Qt::MatchWrap);
+    return rows.isEmpty() ? -1 : rows.constFirst().row();
+}
+
 QString FilterChoices::valueAt(int row) const
 {
     return row == 0 ? QString() : m_values.at(row - 1);

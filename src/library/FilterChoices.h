@@ -44,6 +44,9 @@ public:
     bool isFiltering() const { return !m_selected.isEmpty(); }
     /// Selects the value of a row.
     Q_INVOKABLE void choose(int row);
+    /// The next row from `first` on, or else from the beginning, whose title begins with `text`, be
+    /// it in capitals or not; -1 when there is none. `text` is not empty.
+    int rowBeginningWith(const QString &text, int first) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;

@@ -87,6 +87,12 @@ SidebarItem {
             Accessible.role: Accessible.PopupMenu
             Accessible.name: button.help
 
+            FilterMenuKeys {
+                choices: button.choices
+                list: items
+                rowsPerPage: items.height * items.count / items.contentHeight
+            }
+
             delegate: FilterMenuItem {
                 width: ListView.view.width
                 onClicked: {

@@ -332,6 +332,50 @@ private Q_SLOTS:
         QVERIFY(test.user.shows(count(1, 3)));
     }
 
+    void lettersLeadToAChoice()
+    {
+        QByteArray list = "#EXTM3U\n";
+        for (const char *group :
+            { "Kids", "Movies", "Music", "News", "\u00c9conomie", "Science Fiction" })
+            list += QByteArray("#EXTINF:-1 group-title=\"") + group + "\",One\n/1.m3u8\n";
+        Panel test(list);
+        QVERIFY(test.showsList());
+        QTRY_VERIFY(test.user.shows(category));
+        test.user.find(category)->forceActiveFocus(Qt::TabFocusReason);
+        test.key(Qt::Key_Return);
+        const auto leadsTo = [&test](const char *choice) {
+            return QTest::qWaitFor(
+                [&] { return test.user.focused() == QString::fromUtf8(choice); }, patience);
+        };
+        QVERIFY(leadsTo("All Categories"));
+        test.key(Qt::Key_End);
+        QVERIFY(leadsTo("\u00c9conomie"));
+        test.key(Qt::Key_PageUp);
+        QVERIFY(leadsTo("All Categories"));
+        test.key(Qt::Key_PageDown);
+        QVERIFY(leadsTo("\u00c9conomie"));
+        test.key(Qt::Key_Home);
+        QVERIFY(leadsTo("All Categories"));
+
+        test.type(QStringLiteral("mu"));
+        QVERIFY(leadsTo("Music"));
+        outwait(std::chrono::seconds(1));
+        test.type(QStringLiteral("m"));
+        QVERIFY(leadsTo("Movies"));
+        test.type(QStringLiteral("m"));
+        QVERIFY(leadsTo("Music"));
+        outwait(std::chrono::seconds(1));
+        test.type(QStringLiteral("\u00c9"));
+        QVERIFY(leadsTo("\u00c9conomie"));
+        outwait(std::chrono::seconds(1));
+        test.type(QStringLiteral("science f"));
+        QVERIFY(leadsTo("Science Fiction"));
+        outwait(std::chrono::seconds(1));
+        test.type(QStringLiteral("z"));
+        test.key(Qt::Key_Return);
+        QTRY_COMPARE(test.view.channels()->selectedCategory(), QStringLiteral("Science Fiction"));
+    }
+
     void clearing()
     {
         Panel test;
