@@ -1,6 +1,5 @@
 // What the main window holds: the sidebar, and beside it the picture with the controls.
 import QtQuick
-import QtQuick.Controls
 import ZephPlayer.Library
 import ZephPlayer.Surface
 
@@ -41,11 +40,13 @@ Item {
             }
         }
 
-        Sidebar {
+        LoadedWhenShown {
             id: sidebar
             anchors.right: parent.right
+            width: 246
             height: parent.height
-            view: content.view
+            shown: content.view.showSidebar
+            Component.onCompleted: setSource("Sidebar.qml", { view: content.view })
         }
     }
 
@@ -57,34 +58,22 @@ Item {
 
     Repeater {
         model: content.view.editForms
-        delegate: Item {
-            id: sheetPlace
-
+        delegate: Loader {
             required property LocalM3UItemEditView modelData
 
-            LocalM3UItemEditSheet {
-                form: sheetPlace.modelData
-                logos: content.view.logos
+            Component.onCompleted: setSource("LocalM3UItemEditSheet.qml", {
+                form: modelData,
+                logos: content.view.logos,
                 visible: true
-            }
+            })
         }
     }
-
-    ConfirmationAlert {
-        visible: content.view.confirmingLocalClear
-        title: qsTr("Delete All Local M3U8 Links?")
-        message: qsTr("This permanently deletes every saved local M3U8 link. This action cannot be undone.")
-        destructiveText: qsTr("Delete Permanently")
-        onAccepted: content.view.clearLocalEntries()
-        onRejected: content.view.confirmingLocalClear = false
+    LoadedWhenShown {
+        shown: content.view.confirmingLocalClear
+        Component.onCompleted: setSource("ClearLinksAlert.qml", { view: content.view })
     }
-
-    ConfirmationAlert {
-        visible: content.view.confirmingLocalDelete
-        title: qsTr("Delete Channel?")
-        message: content.view.localDeleteMessage
-        destructiveText: qsTr("Delete")
-        onAccepted: content.view.deleteLocalEntry()
-        onRejected: content.view.cancelLocalDelete()
+    LoadedWhenShown {
+        shown: content.view.confirmingLocalDelete
+        Component.onCompleted: setSource("DeleteLinkAlert.qml", { view: content.view })
     }
 }

@@ -9,7 +9,6 @@ Pane {
 
     required property ContentView view
 
-    width: 246
     padding: 10
 
     background: Rectangle {
@@ -59,20 +58,12 @@ Pane {
         SidebarPanel {
             section: PlayerSidebarSection.Network
             view: sidebar.view
-
-            NetworkPanel {
-                anchors.fill: parent
-                view: sidebar.view
-            }
+            file: "NetworkPanel.qml"
         }
         SidebarPanel {
             section: PlayerSidebarSection.LocalM3U
             view: sidebar.view
-
-            LocalM3UPanel {
-                anchors.fill: parent
-                view: sidebar.view
-            }
+            file: "LocalM3UPanel.qml"
         }
     }
 }

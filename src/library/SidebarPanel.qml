@@ -1,22 +1,27 @@
-// Shows what is in it while its section is selected.
+// Shows a panel while its section is selected.
 import QtQuick
 import QtQuick.Layouts
 import ZephPlayer.Library
+import ZephPlayer.Surface
 
-Item {
+LoadedWhenShown {
     id: panel
 
     required property ContentView view
     required property int section
+    /// The panel's.
+    required property string file
 
     Layout.fillWidth: true
     Layout.fillHeight: true
     visible: false
     opacity: 0
+    shown: view.selectedSidebarSection === section
+    Component.onCompleted: setSource(file, { view: view })
 
     states: State {
         name: "selected"
-        when: panel.view.selectedSidebarSection === panel.section
+        when: panel.shown
         PropertyChanges {
             panel.visible: true
             panel.opacity: 1

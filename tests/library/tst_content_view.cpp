@@ -7,6 +7,8 @@
 #include <QMimeData>
 #include <QSignalSpy>
 
+#include <algorithm>
+
 using namespace zeph;
 
 namespace {
@@ -14,6 +16,7 @@ namespace {
 const QString addressField = QStringLiteral("Stream address");
 const QString network = QStringLiteral("Network");
 const QString localM3U = QStringLiteral("Local M3U");
+const QString addLink = QStringLiteral("Add M3U8 Link");
 const QString clearTitle = QStringLiteral("Delete All Local M3U8 Links?");
 const QString deleteTitle = QStringLiteral("Delete Channel?");
 const QString cancel = QStringLiteral("Cancel");
@@ -60,6 +63,32 @@ private Q_SLOTS:
         test.view.controlBar()->toggleSidebar();
         QTRY_VERIFY(user.find(QStringLiteral("Playback controls"))->width() == bar);
         QVERIFY(!user.shows(network));
+    }
+
+    void theSidebarIsMadeWhenItIsFirstShownAndKept()
+    {
+        ContentWindow test;
+        QVERIFY(test.isUp());
+        const Driver user = test.driver();
+        const auto isMade = [&test](const QString &name) {
+            const auto items = test.window->findChildren<QQuickItem *>();
+            return std::any_of(items.begin(), items.end(),
+                [&name](const QQuickItem *item) { return Driver::nameOf(item) == name; });
+        };
+        QVERIFY(!isMade(network));
+        test.view.controlBar()->toggleSidebar();
+        QVERIFY(isMade(network));
+        QTRY_VERIFY(user.focused() == addressField);
+        QVERIFY(!isMade(addLink));
+
+        const QQuickItem *made = user.find(addressField);
+        test.view.controlBar()->toggleSidebar();
+        QTRY_VERIFY(!user.shows(addressField));
+        test.view.controlBar()->toggleSidebar();
+        QTRY_VERIFY(user.shows(addressField));
+        QCOMPARE(user.find(addressField), made);
+        test.view.setSelectedSidebarSection(PlayerSidebarSection::LocalM3U);
+        QVERIFY(isMade(addLink));
     }
 
     void theSidebarSlides()
@@ -131,7 +160,7 @@ private Q_SLOTS:
         QVERIFY(user.state(localM3U).checked);
         QVERIFY(!user.state(network).checked);
         QTRY_VERIFY(!user.shows(addressField));
-        QTRY_VERIFY(user.shows(QStringLiteral("Add M3U8 Link")));
+        QTRY_VERIFY(user.shows(addLink));
     }
 
     void aClickOnThePictureClosesTheSidebar()
@@ -249,7 +278,7 @@ private Q_SLOTS:
         test.view.addLocalEntry(); // There is one already.
         QCOMPARE(test.view.editForms().size(), 1);
         QTRY_VERIFY(user.focused() == QStringLiteral("Channel or video name"));
-        QVERIFY(user.shows(QStringLiteral("Add M3U8 Link")));
+        QVERIFY(user.shows(addLink));
         LocalM3UItemEditView *form = test.view.editForms().constFirst();
         form->setProperty("name", QStringLiteral("News"));
         form->setProperty("address", QStringLiteral("http://h/news.m3u8"));
