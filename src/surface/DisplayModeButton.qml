@@ -1,6 +1,6 @@
 // The button that opens the menu of display modes.
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import ZephPlayer.Surface
 
 ControlButton {
@@ -11,17 +11,16 @@ ControlButton {
     symbol: controlBar.displayModeSymbol
     help: qsTr("Video display mode")
     implicitWidth: 31
-    ToolTip.visible: hovered && !down && !menu.visible
-    onClicked: menu.popup(button, 0, -menu.height - 4)
+    T.ToolTip.visible: hovered && !down && !menu.item?.visible
+    onClicked: {
+        menu.active = true;
+        menu.item.popup(button, 0, -menu.item.height - 4);
+    }
 
-    Menu {
+    // By its name, so that the window does not wait for what is opened later, if at all.
+    Loader {
         id: menu
-
-        Repeater {
-            model: button.controlBar.displayModes
-            delegate: DisplayModeMenuItem {
-                controlBar: button.controlBar
-            }
-        }
+        active: false
+        Component.onCompleted: setSource("DisplayModeMenu.qml", { controlBar: button.controlBar })
     }
 }

@@ -40,9 +40,11 @@ Rectangle {
         onClicked: surface.model.openFile()
     }
 
-    BufferingNotice {
+    LoadedWhenShown {
         anchors.centerIn: parent
-        visible: notices.tellsOfBuffering
+        visible: shown
+        shown: notices.tellsOfBuffering
+        source: "BufferingNotice.qml"
     }
 
     ToastLabel {
