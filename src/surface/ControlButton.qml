@@ -1,9 +1,9 @@
 // A button of the control bar: a symbol on a small plate.
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import ZephPlayer.Surface
 
-AbstractButton {
+T.AbstractButton {
     id: button
 
     required property string symbol
@@ -24,9 +24,9 @@ AbstractButton {
     Accessible.name: help
     // Of themselves, Qt 6.4 has screen readers press no controls.
     Accessible.onPressAction: clicked()
-    ToolTip.text: help
-    ToolTip.visible: hovered && !down
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+    T.ToolTip.text: help
+    T.ToolTip.visible: hovered && !down
+    T.ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
     background: Rectangle {
         radius: 4

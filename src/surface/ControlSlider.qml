@@ -1,9 +1,9 @@
 // A slider of the control bar.
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import ZephPlayer.Surface
 
-Slider {
+T.Slider {
     id: slider
 
     /// What it sets, for the tool tip and for screen readers.
@@ -18,9 +18,9 @@ Slider {
     hoverEnabled: true
 
     Accessible.name: help
-    ToolTip.text: help
-    ToolTip.visible: hovered && !pressed
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+    T.ToolTip.text: help
+    T.ToolTip.visible: hovered && !pressed
+    T.ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
     background: Rectangle {
         x: slider.handle.width / 2

@@ -1,11 +1,12 @@
 // A time in the control bar.
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 
-Label {
+T.Label {
     textFormat: Text.PlainText
     horizontalAlignment: Text.AlignHCenter
     font.family: "monospace"
     font.pixelSize: 11
+    color: palette.windowText
     opacity: 0.6
 }

@@ -1,11 +1,13 @@
 // The invitation on a surface that has nothing to show.
 import QtQuick
-import QtQuick.Controls
+import QtQuick.Templates as T
 import ZephPlayer.Surface
 
-AbstractButton {
+T.AbstractButton {
     id: prompt
 
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     padding: 16
     focusPolicy: Qt.TabFocus
 
@@ -15,9 +17,9 @@ AbstractButton {
     Accessible.name: qsTr("Open Media")
     Accessible.description: qsTr("Click to open media or drop a video or audio file here")
     Accessible.onPressAction: clicked()
-    ToolTip.text: qsTr("Open Media")
-    ToolTip.visible: hovered && !down
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
+    T.ToolTip.text: qsTr("Open Media")
+    T.ToolTip.visible: hovered && !down
+    T.ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
     background: Item {
         FocusRing {

@@ -1,10 +1,10 @@
 // The row of controls under the picture.
 import QtQuick
-import QtQuick.Controls
 import QtQuick.Layouts
+import QtQuick.Templates as T
 import ZephPlayer.Surface
 
-ToolBar {
+T.ToolBar {
     id: row
 
     required property PlayerControlBar controlBar
