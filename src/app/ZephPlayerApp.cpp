@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QQmlComponent>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
 
@@ -65,12 +66,15 @@ bool ZephPlayerApp::showMainWindow()
 {
     m_engine.addImportPath(runTimeModulesFolder() + QStringLiteral("/qml"));
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    m_engine.setInitialProperties({
+    // Not by a QQmlApplicationEngine, which looks for a variant of every file for this system.
+    QQmlComponent window(&m_engine, QUrl(QStringLiteral("qrc:/qt/qml/ZephPlayer/App/Main.qml")));
+    m_window.reset(window.createWithInitialProperties({
         { QStringLiteral("view"), QVariant::fromValue(&m_view) },
         { QStringLiteral("commands"), QVariant::fromValue(&m_commands) },
-    });
-    m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/ZephPlayer/App/Main.qml")));
-    return !m_engine.rootObjects().isEmpty();
+    }));
+    if (!m_window)
+        qCritical().noquote() << window.errorString();
+    return m_window != nullptr;
 }
 
 void ZephPlayerApp::openUrl(const QUrl &url)

@@ -11,7 +11,9 @@
 #include "platform/UserDefaults.h"
 #include "player/PlayerModel.h"
 
-#include <QQmlApplicationEngine>
+#include <QQmlEngine>
+
+#include <memory>
 
 class QUrl;
 
@@ -42,7 +44,8 @@ private:
     MenuCommands m_commands { m_view };
     MprisService m_mpris { m_view };
     SleepInhibitor m_sleepInhibitor { QStringLiteral("Playing media") };
-    QQmlApplicationEngine m_engine;
+    QQmlEngine m_engine;
+    std::unique_ptr<QObject> m_window;
 };
 
 } // namespace zeph
