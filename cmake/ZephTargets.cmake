@@ -28,9 +28,10 @@ function(zeph_add_library target)
     zeph_configure_target(${target})
 endfunction()
 
-# A library whose types, and QML files if it has any, make up the QML module `uri`.
+# A library whose types, and QML files if it has any, make up the QML module `uri`. Its DEPENDENCIES
+# are the modules whose types it uses; QML files import them themselves.
 function(zeph_add_qml_library target uri)
-    cmake_parse_arguments(arg "" "" "SOURCES;QML_FILES;IMPORTS" ${ARGN})
+    cmake_parse_arguments(arg "" "" "SOURCES;QML_FILES;DEPENDENCIES" ${ARGN})
     qt_add_library(${target} STATIC)
     string(REPLACE "." "/" module_path ${uri})
     qt_add_qml_module(${target}
@@ -40,7 +41,7 @@ function(zeph_add_qml_library target uri)
         OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml/${module_path}"
         SOURCES ${arg_SOURCES}
         QML_FILES ${arg_QML_FILES}
-        IMPORTS ${arg_IMPORTS})
+        DEPENDENCIES ${arg_DEPENDENCIES})
     zeph_configure_target(${target})
     # The generated type registration includes each header by its bare file name.
     target_include_directories(${target} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
