@@ -72,9 +72,27 @@ bool ZephPlayerApp::showMainWindow()
         { QStringLiteral("view"), QVariant::fromValue(&m_view) },
         { QStringLiteral("commands"), QVariant::fromValue(&m_commands) },
     }));
-    if (!m_window)
+    if (!m_window) {
         qCritical().noquote() << window.errorString();
-    return m_window != nullptr;
+        return false;
+    }
+    // Unless somebody listens, Qt aborts.
+    QObject::connect(
+        qobject_cast<QQuickWindow *>(m_window.get()), &QQuickWindow::sceneGraphError, &m_view,
+        [this](QQuickWindow::SceneGraphError, const QString &reason) {
+            tellThatNothingCanBeDrawn(reason);
+        },
+        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+    return true;
+}
+
+void ZephPlayerApp::tellThatNothingCanBeDrawn(const QString &reason)
+{
+    qCritical("The window cannot be drawn: %s", qPrintable(reason));
+    m_panels.showWarning({ QCoreApplication::translate(
+                               "ZephPlayerApp", "The window cannot be drawn without OpenGL."),
+        reason });
+    QCoreApplication::exit(EXIT_FAILURE);
 }
 
 void ZephPlayerApp::openUrl(const QUrl &url)

@@ -35,6 +35,9 @@ public:
     void openUrl(const QUrl &url);
 
 private:
+    /// Says so, and ends the program with a failure.
+    void tellThatNothingCanBeDrawn(const QString &reason);
+
     ZephApplicationDelegate m_appDelegate;
     DesktopAppearance m_appearance;
     DesktopFilePanels m_panels;
