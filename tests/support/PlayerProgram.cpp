@@ -23,9 +23,9 @@ bool PlayerProgram::isRunning()
     return m_process.state() != QProcess::NotRunning;
 }
 
-bool PlayerProgram::endedWell() const
+bool PlayerProgram::endedWith(int exitStatus) const
 {
-    return m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+    return m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == exitStatus;
 }
 
 XWindow PlayerProgram::window() const

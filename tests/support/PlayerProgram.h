@@ -5,6 +5,8 @@
 
 #include <QProcess>
 
+#include <cstdlib>
+
 /// Started when it is made, and ended by force when it is destroyed. The environment variable
 /// ZEPH_PLAYER says which program it is.
 class PlayerProgram {
@@ -15,7 +17,9 @@ public:
 
     bool isRunning();
     /// By itself and with 0.
-    bool endedWell() const;
+    bool endedWell() const { return endedWith(EXIT_SUCCESS); }
+    /// By itself and with this.
+    bool endedWith(int exitStatus) const;
     qint64 id() const { return m_process.processId(); }
 
     /// Its main window; null until it shows.
