@@ -3,7 +3,7 @@
 #include "Channels.h"
 #include "library/ContentView.h"
 #include "library/ListServer.h"
-#include "platform/Heap.h"
+#include "platform/FreedMemory.h"
 #include "support/MemoryUse.h"
 
 #include <QApplication>
@@ -169,7 +169,7 @@ BENCHMARK(scrollEndToEnd)->Apply(forAllSizes)->Iterations(1);
 
 int main(int argc, char *argv[])
 {
-    useOneHeap();
+    returnFreedMemory();
     QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");

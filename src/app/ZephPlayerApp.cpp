@@ -1,7 +1,7 @@
 #include "app/ZephPlayerApp.h"
 
 #include "app/AddressArgument.h"
-#include "platform/Heap.h"
+#include "platform/FreedMemory.h"
 #include "platform/RunTimeModules.h"
 
 #include <QApplication>
@@ -22,7 +22,8 @@ namespace zeph {
 
 int ZephPlayerApp::run(int argc, char *argv[])
 {
-    useOneHeap();
+    returnFreedMemory();
+
     QCoreApplication::setApplicationName(QStringLiteral("Zeph Player"));
     QCoreApplication::setOrganizationName(QStringLiteral("ZephPlayer"));
     QGuiApplication::setDesktopFileName(QStringLiteral("zeph-player"));

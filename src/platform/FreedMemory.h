@@ -1,0 +1,12 @@
+// What becomes of memory that is not needed any more.
+#pragma once
+
+namespace zeph {
+
+/// From now on, all but small remains of what is freed go back to the system at once. Otherwise the
+/// C library keeps more and more of it, separately for each of the many threads that decode: after
+/// some large videos a window that plays nothing holds hundreds of MB that nobody uses. To be
+/// called before other threads start.
+void returnFreedMemory();
+
+} // namespace zeph
