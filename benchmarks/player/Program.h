@@ -7,6 +7,8 @@
 #include <vector>
 
 /// Started when it is made, ended when it is destroyed. What it prints is thrown away.
+using Command = std::vector<std::string>;
+
 class Program {
 public:
     /// `environment` holds NAME=VALUE texts that are added to ours.

@@ -66,14 +66,45 @@ void Screen::resizeWindow(int width, int height)
     xcb_flush(m_connection);
 }
 
+std::optional<Point> Screen::find(const std::function<bool(unsigned)> &isWanted)
+{
+    // Single pixels at the edges of letters have all sorts of colours.
+    constexpr int least = 8;
+    int length = 0;
+    std::optional<Point> found;
+    read({ 0, 0, m_screen->width_in_pixels, m_screen->height_in_pixels },
+        [&](Point point, unsigned colour) {
+            length = isWanted(colour) ? length + 1 : 0;
+            if (length == least)
+                found = point;
+            return found.has_value();
+        });
+    return found;
+}
+
 unsigned Screen::colourAt(int x, int y)
 {
+    unsigned colour = 0;
+    read({ int16_t(x), int16_t(y), 1, 1 }, [&](Point, unsigned seen) {
+        colour = seen;
+        return true;
+    });
+    return colour;
+}
+
+void Screen::read(const xcb_rectangle_t &part, const std::function<bool(Point, unsigned)> &look)
+{
     const Owned<xcb_get_image_reply_t> image(xcb_get_image_reply(m_connection,
-        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_screen->root, int16_t(x),
-            int16_t(y), 1, 1, ~0u),
+        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_screen->root, part.x, part.y,
+            part.width, part.height, ~0u),
         nullptr));
     if (!image)
-        return 0;
+        return;
     const uint8_t *pixel = xcb_get_image_data(image.get());
-    return unsigned(pixel[2]) << 16 | unsigned(pixel[1]) << 8 | pixel[0];
+    for (int y = part.y; y < part.y + part.height; ++y) {
+        for (int x = part.x; x < part.x + part.width; ++x, pixel += 4) {
+            if (look({ x, y }, unsigned(pixel[2]) << 16 | unsigned(pixel[1]) << 8 | pixel[0]))
+                return;
+        }
+    }
 }
