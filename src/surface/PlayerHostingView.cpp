@@ -6,7 +6,7 @@
 #include "surface/PlayerLayerGeometry.h"
 
 #include <QQuickWindow>
-#include <QSGSimpleRectNode>
+#include <QSGRectangleNode>
 
 #include <numbers>
 
@@ -105,9 +105,12 @@ void PlayerHostingView::updatePlayerFrame()
 
 QSGNode *PlayerHostingView::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
-    auto *background = static_cast<QSGSimpleRectNode *>(node);
-    if (!background)
-        background = new QSGSimpleRectNode({}, Qt::black);
+    auto *background = static_cast<QSGRectangleNode *>(node);
+    if (!background) {
+        // As rectangles of QML are drawn: by a shader that the window has anyway.
+        background = window()->createRectangleNode();
+        background->setColor(Qt::black);
+    }
     background->setRect(boundingRect());
     return background;
 }
