@@ -1,7 +1,6 @@
 // A menu of commands.
 import QtQuick
 import QtQuick.Controls
-import Qt.labs.qmlmodels
 import ZephPlayer.App
 
 Menu {
@@ -9,20 +8,12 @@ Menu {
 
     required property list<MenuCommand> commands
 
-    // The lines are made when they are first to be seen: the window need not wait for them.
-    onAboutToShow: lines.model = commands
-
-    Repeater {
-        id: lines
-        delegate: DelegateChooser {
-            role: "isDivider"
-            DelegateChoice {
-                roleValue: true
-                MenuSeparator {}
-            }
-            DelegateChoice {
-                CommandMenuItem {}
-            }
-        }
+    // The lines are made, and their types loaded, when they are first to be seen: the window need
+    // not wait for them.
+    readonly property Loader lines: Loader {
+        active: false
+        Component.onCompleted: setSource("CommandMenuLines.qml", { menu: menu })
     }
+
+    onAboutToShow: lines.active = true
 }
