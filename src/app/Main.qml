@@ -10,6 +10,10 @@ ApplicationWindow {
     required property ContentView view
     required property MenuCommands commands
 
+    /// What is made while the desktop is dark takes its colours from here. A window whose palette
+    /// nobody asked for by then has none to give, and it would be light.
+    readonly property Palette colors: palette
+
     visible: true
     color: "black"
 
