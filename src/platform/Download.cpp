@@ -95,7 +95,7 @@ void Download::readHeaders()
     // What follows an error is a page about it, which need not ever end.
     if (status() >= firstError)
         fail(badStatusText());
-    else if (m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > m_limits.size)
+    else if (promisedBytes() > m_limits.size)
         fail(tooLargeText(m_limits.size));
 }
 
@@ -121,6 +121,8 @@ void Download::finish()
         fail(m_reply->errorString());
     else if (status() < firstSuccess || status() >= firstRedirect)
         fail(badStatusText());
+    else if (m_receivedBytes < promisedBytes())
+        fail(tr("The connection was closed."));
     else
         assembleBody();
 }
@@ -168,6 +170,15 @@ void Download::fail(const QString &errorText)
 void Download::restartSilence()
 {
     m_silence.start(m_limits.silence, [this] { fail(tr("The request timed out.")); });
+}
+
+// Qt itself takes an answer for whole that ends right after its beginning.
+qint64 Download::promisedBytes() const
+{
+    // What is sent in chunks has no other length, whatever is said.
+    if (m_reply->hasRawHeader("Transfer-Encoding"))
+        return 0;
+    return m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
 }
 
 int Download::status() const

@@ -64,6 +64,8 @@ private:
     void takeAssembled();
     void fail(const QString &errorText);
     void restartSilence();
+    /// 0 when the server does not tell.
+    qint64 promisedBytes() const;
     int status() const;
     QString badStatusText() const;
     QString damagedText() const;

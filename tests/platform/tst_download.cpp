@@ -270,13 +270,16 @@ private Q_SLOTS:
         QVERIFY(outcome.body.isEmpty());
     }
 
+    // Several times: the end may come before or after Qt has noticed that the answer began.
     void failsWhenTheBodyIsCutShort()
     {
         m_server->serveCutOff(path, list.repeated(1000), 5000);
-        const Outcome outcome = download(m_server->url(path));
-        QVERIFY(!outcome.succeeded);
-        QVERIFY(!outcome.error.isEmpty());
-        QVERIFY(outcome.body.isEmpty());
+        for (int i = 0; i < 100; ++i) {
+            const Outcome outcome = download(m_server->url(path));
+            QVERIFY(!outcome.succeeded);
+            QVERIFY(!outcome.error.isEmpty());
+            QVERIFY(outcome.body.isEmpty());
+        }
     }
 
     // A connection that ends before Qt has noticed that the answer began, as it may on a machine of
