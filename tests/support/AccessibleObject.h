@@ -25,6 +25,7 @@ public:
         MenuItem = 35,
         Panel = 39,
         PopupMenu = 41,
+        ProgressBar = 42,
         Button = 43,
         RadioButton = 44,
         Slider = 51,
