@@ -1,5 +1,6 @@
 // A running player that is told over its standard input what to play: an address a line.
 #include "platform/MediaPlayer.h"
+#include "platform/PromptDrawing.h"
 #include "surface/PlayerHostingView.h"
 
 #include <QGuiApplication>
@@ -15,6 +16,7 @@ using namespace zeph;
 int main(int argc, char *argv[])
 {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
+    zeph::drawPromptly();
     QGuiApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
 

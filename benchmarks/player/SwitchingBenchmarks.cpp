@@ -93,7 +93,7 @@ void zap(benchmark::State &run)
 {
     Screen screen;
     screen.clear(background);
-    ChannelSidebar sidebar(screen, variable("ZEPH_SERVER") + "channels.m3u");
+    ChannelSidebar sidebar(screen, variable("ZEPH_CHANNELS"));
     bool isGreenNext = true;
     const auto measure = [&]() -> std::optional<Seconds> {
         if (!sidebar.aimAt(isGreenNext ? isBlue : isMagenta))

@@ -2,6 +2,7 @@
 
 #include "app/AddressArgument.h"
 #include "platform/FreedMemory.h"
+#include "platform/PromptDrawing.h"
 #include "platform/RunTimeModules.h"
 
 #include <QApplication>
@@ -31,6 +32,7 @@ int ZephPlayerApp::run(int argc, char *argv[])
     QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
     // So do the pages of the web players, in threads of their own.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    drawPromptly();
 
     QApplication application(argc, argv);
     // The application object takes over the user's locale; libmpv reads numbers as in C.
