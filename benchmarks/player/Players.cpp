@@ -7,10 +7,14 @@
 
 namespace {
 
+// Where there is no sound device, mpv and VLC would look for one with every file, which is no part
+// of what is compared: they are told to be silent.
+
 /// VLC does not run for root: it is started as nobody then, with a home of its own.
 Command vlcCommand()
 {
-    Command command { "vlc", "--no-qt-privacy-ask", "--no-qt-error-dialogs", "--no-osd" };
+    Command command { "vlc", "--aout=adummy", "--no-qt-privacy-ask", "--no-qt-error-dialogs",
+        "--no-osd" };
     if (::geteuid() == 0) {
         const Command asNobody { "setpriv", "--reuid=nobody", "--regid=nogroup", "--clear-groups",
             "env", "--unset=XDG_RUNTIME_DIR", "HOME=" + variable("ZEPH_HOME_OF_NOBODY") };
@@ -61,8 +65,9 @@ Player emptyWindow()
 Player mpv()
 {
     return { "mpv", "mpv",
-        { "mpv", "--no-config", "--idle", "--force-window", "--keep-open", "--geometry=+0+0" }, {},
-        {}, isSeen };
+        { "mpv", "--no-config", "--idle", "--force-window", "--keep-open", "--ao=null",
+            "--geometry=+0+0" },
+        {}, {}, isSeen };
 }
 
 Player celluloid()
