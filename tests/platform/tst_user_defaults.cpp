@@ -11,6 +11,7 @@
 #include <QStandardPaths>
 #include <QTest>
 
+#include <atomic>
 #include <sys/stat.h>
 #include <thread>
 
@@ -265,7 +266,7 @@ private Q_SLOTS:
     void locksOthersOut()
     {
         const QString folder = m_folder->path();
-        int count = 0;
+        std::atomic<int> count = 0;
         const auto countUp = [&] {
             for (int i = 0; i < 200; ++i) {
                 const FolderLock lock(folder);
@@ -277,7 +278,7 @@ private Q_SLOTS:
         std::thread other(countUp);
         countUp();
         other.join();
-        QCOMPARE(count, 400);
+        QCOMPARE(count.load(), 400);
     }
 
     void waitsForNobodyForEver()
