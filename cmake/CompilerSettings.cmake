@@ -19,10 +19,19 @@ target_compile_options(zeph_compiler_settings INTERFACE -Wpedantic -fPIC)
 if(ZEPH_SANITIZE)
     # Objects of Qt WebEngine have no type information for the check of what a pointer points to.
     target_compile_options(zeph_compiler_settings INTERFACE
-        -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all
+        -fsanitize=${ZEPH_SANITIZE} -fno-sanitize=vptr -fno-sanitize-recover=all
         -fno-omit-frame-pointer)
-    target_link_options(zeph_compiler_settings INTERFACE -fsanitize=address,undefined)
-    add_library(zeph_keep_libraries_loaded OBJECT "${CMAKE_CURRENT_LIST_DIR}/KeepLibrariesLoaded.cpp")
+    target_link_options(zeph_compiler_settings INTERFACE -fsanitize=${ZEPH_SANITIZE})
+    add_library(zeph_sanitizer_support OBJECT "${CMAKE_CURRENT_LIST_DIR}/KeepLibrariesLoaded.cpp")
+    if(ZEPH_SANITIZE STREQUAL "thread")
+        target_sources(zeph_sanitizer_support PRIVATE
+            "${CMAKE_CURRENT_LIST_DIR}/QtForThreadSanitizer.cpp")
+        target_link_libraries(zeph_sanitizer_support PRIVATE Qt6::Core)
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            # Code that is optimised and instrumented misleads it into warnings of std::optional.
+            target_compile_options(zeph_compiler_settings INTERFACE -Wno-maybe-uninitialized)
+        endif()
+    endif()
 endif()
 
 if(ZEPH_BUILD_FUZZERS)
