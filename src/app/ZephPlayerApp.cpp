@@ -6,10 +6,12 @@
 #include "platform/RunTimeModules.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QIcon>
 #include <QQmlComponent>
 #include <QQmlExtensionPlugin>
 #include <QQuickWindow>
+#include <QThreadPool>
 
 #include <clocale>
 
@@ -37,6 +39,10 @@ int ZephPlayerApp::run(int argc, char *argv[])
     QApplication application(argc, argv);
     // The application object takes over the user's locale; libmpv reads numbers as in C.
     std::setlocale(LC_NUMERIC, "C");
+
+    // Looking through the fonts of the system takes a while, which is there while QML files are
+    // loaded.
+    QThreadPool::globalInstance()->start([] { QFontDatabase::hasFamily({}); });
 
     const QString argument = QCoreApplication::arguments().value(1);
     ZephPlayerApp app;
