@@ -11,7 +11,9 @@ Loader {
 
     active: false
 
-    Binding on active {
+    Binding {
+        target: part
+        property: "active"
         when: part.shown
         value: true
         restoreMode: Binding.RestoreNone
