@@ -53,6 +53,10 @@ constexpr Option options[] = {
       "protocol_whitelist=[http,https,httpproxy,tcp,tls,crypto,data,rtp,rtmp,udp,srt]" },
 };
 
+// Where sound can come from on a desktop, and silence. Left to itself the engine tries further ones,
+// which stand on these, when there is no sound device: that is 0.1 s before the first picture.
+constexpr const char *soundOutputs = "pipewire,pulse,alsa,jack,null";
+
 // The scripts that are built into libmpv, each a thread and a Lua state of its own, for a user
 // interface that we do not show. Which there are depends on the version.
 constexpr const char *builtInScripts[] = {
@@ -66,6 +70,8 @@ bool setUp(const MpvLibrary &mpv, mpv_handle *handle)
         if (mpv.set_option_string(handle, option.name, option.value) < 0)
             return false;
     }
+    // Where libmpv was built without one of them it takes none, and chooses by itself.
+    mpv.set_option_string(handle, "ao", soundOutputs);
     for (const char *script : builtInScripts)
         mpv.set_option_string(handle, script, "no");
     if (const QByteArray authorities = certificateAuthorityFile(); !authorities.isEmpty())
