@@ -1,5 +1,7 @@
 #include "support/PlayerProgram.h"
 
+#include "support/Patience.h"
+
 PlayerProgram::PlayerProgram(const QStringList &arguments, const QStringList &environment)
 {
     // Out of the way, so that nothing shows a tool tip.
@@ -41,4 +43,22 @@ XWindow PlayerProgram::window() const
             return m_window = window;
     }
     return XWindow();
+}
+
+bool PlayerProgram::pictureMoves() const
+{
+    const auto middle = [this] {
+        const QImage image = picture();
+        const QSize half = image.size() / 2;
+        return image.copy(half.width() / 2, half.height() / 2, half.width(), half.height());
+    };
+    // From black to a first picture, and on.
+    constexpr int changes = 3;
+    QImage last = middle();
+    for (int change = 0; change < changes; ++change) {
+        const QImage before = last;
+        if (!QTest::qWaitFor([&] { return (last = middle()) != before; }, patience))
+            return false;
+    }
+    return true;
 }

@@ -26,6 +26,8 @@ public:
     XWindow window() const;
     QString title() const { return window().title(); }
     QImage picture() const { return window().picture(); }
+    /// Waits until the middle of its window has shown several pictures, one after the other.
+    bool pictureMoves() const;
     void press(const QString &keys) const { window().press(keys); }
 
 private:
