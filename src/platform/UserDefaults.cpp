@@ -52,14 +52,16 @@ std::optional<QString> createForUserOnly(const QString &path)
     return file.errorString();
 }
 
-// Why a file cannot be replaced, when it is not for want of room.
+// Why a file cannot be replaced, when QSettings did not get as far as to write it. On a disk without
+// any room that is its lock.
 QString obstacleTo(const QString &path)
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
+    const auto error = writeToDisk(file, QByteArrayView("\n"));
     file.cancelWriting();
-    return qt_error_string(EIO);
+    return error.value_or(qt_error_string(EIO));
 }
 
 } // namespace
