@@ -38,6 +38,9 @@ public:
         qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
     }
 
+    /// Where they are kept.
+    QString path() const { return m_folder.path(); }
+
 private:
     QTemporaryDir m_folder;
 };

@@ -1,6 +1,8 @@
 #include "support/ReadOnlyFolder.h"
 
+#include <linux/capability.h>
 #include <sys/fsuid.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 namespace {
@@ -29,4 +31,10 @@ ReadOnlyFolder::~ReadOnlyFolder()
 {
     actAs(m_userBefore);
     QFile::setPermissions(m_path, m_permissionsBefore);
+}
+
+void obeyPermissionsInPrograms()
+{
+    if (::geteuid() == 0 && ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE) != 0)
+        qFatal("Root's rights cannot be limited");
 }

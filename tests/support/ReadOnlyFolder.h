@@ -19,3 +19,7 @@ private:
     const QFile::Permissions m_permissionsBefore;
     uid_t m_userBefore;
 };
+
+/// From now on, programs that this one starts obey the permissions of files also when it is root
+/// who runs them.
+void obeyPermissionsInPrograms();
