@@ -1,16 +1,10 @@
 // The built program when what it keeps cannot be written, or when it ends while it writes.
-#include "library/LocalM3UStore.h"
-#include "platform/SettingsText.h"
+#include "KeptLinks.h"
 #include "SidebarPlayer.h"
-#include "sources/PlaylistEntryJson.h"
-#include "support/Files.h"
 #include "support/FullDisk.h"
 #include "support/ReadOnlyFolder.h"
 
-#include <QDir>
-
 #include <cerrno>
-#include <csignal>
 
 using zeph::TestServer;
 
@@ -27,42 +21,9 @@ QString channel(int number)
     return QStringLiteral("Channel %1").arg(number);
 }
 
-QByteArray listOf(int count, const QByteArray &name)
-{
-    QByteArray list = "#EXTM3U\n";
-    for (int i = 0; i < count; ++i) {
-        const QByteArray number = QByteArray::number(i);
-        list += "#EXTINF:-1," + name + ' ' + number + "\nhttp://127.0.0.1:9/" + name + '/' + number
-            + ".m3u8\n";
-    }
-    return list;
-}
-
 struct Station : TestServer {
     Station() : TestServer(QString()) { serve(listPath, listOf(channelCount, "Channel")); }
 };
-
-/// The only settings file in a folder.
-QString settingsFile(const QString &folder)
-{
-    const QDir settings(folder + QStringLiteral("/ZephPlayer"));
-    return settings.filePath(
-        settings.entryList({ QStringLiteral("*.conf") }, QDir::Files).value(0));
-}
-
-/// Names of the links that a settings file holds; nothing when it holds no list.
-std::optional<QStringList> storedNames(const QString &file)
-{
-    const QVariant json =
-        zeph::settingsFromText(contentOf(file)).value(zeph::LocalM3UStore::defaultsKey());
-    const auto entries = zeph::playlistFromJson(json.toByteArray());
-    if (!entries)
-        return std::nullopt;
-    QStringList names;
-    for (const zeph::PlaylistEntry &entry : *entries)
-        names += entry.name();
-    return names;
-}
 
 bool showsChannels(const SidebarPlayer &player, const Station &station)
 {
