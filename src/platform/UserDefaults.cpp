@@ -52,8 +52,8 @@ std::optional<QString> createForUserOnly(const QString &path)
     return file.errorString();
 }
 
-// Why a file cannot be replaced, when QSettings did not get as far as to write it. On a disk without
-// any room that is its lock.
+// Why a file cannot be replaced, when QSettings did not get as far as to write it. On a disk
+// without any room that is its lock.
 QString obstacleTo(const QString &path)
 {
     QSaveFile file(path);
