@@ -5,6 +5,7 @@
 #include <QDeadlineTimer>
 #include <QEvent>
 #include <QFutureInterface>
+#include <QMetaMethod>
 #include <QMutex>
 #include <QObject>
 #include <QSemaphore>
@@ -17,11 +18,20 @@
 #include <sanitizer/tsan_interface.h>
 #include <utility>
 
+// Where the linker put the program's code.
+extern "C" const char __executable_start;
+extern "C" const char etext;
+
 namespace {
 
 template <typename Function> Function *inQt(const char *mangledName)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, mangledName));
+}
+
+bool isWithinProgram(const void *caller)
+{
+    return caller >= &__executable_start && caller < &etext;
 }
 
 // Signals and calls that wait in an event loop. One hand for all of them: whose a call is cannot be
@@ -38,6 +48,14 @@ bool takeQueuedCall(void **receiverEventAndResult)
 const bool isTakingQueuedCalls =
     QInternal::registerCallback(QInternal::EventNotifyCallback, takeQueuedCall);
 
+/// Emitted by Qt's render thread while the main thread waits for it, having emitted a signal
+/// itself.
+bool isBeforeSynchronizing(const QMetaObject *type, int signal)
+{
+    return qstrcmp(type->className(), "QQuickWindow") == 0
+        && type->method(type->methodOffset() + signal).name() == "beforeSynchronizing";
+}
+
 } // namespace
 
 void QMetaObject::activate(QObject *sender, const QMetaObject *type, int signal, void **arguments)
@@ -45,6 +63,8 @@ void QMetaObject::activate(QObject *sender, const QMetaObject *type, int signal,
     static const auto activate = inQt<void(QObject *, const QMetaObject *, int, void **)>(
         "_ZN11QMetaObject8activateEP7QObjectPKS_iPPv");
     __tsan_release(&queuedCalls);
+    if (isBeforeSynchronizing(type, signal))
+        __tsan_acquire(&queuedCalls);
     activate(sender, type, signal, arguments);
 }
 
@@ -130,10 +150,31 @@ bool QWaitCondition::wait(QMutex *mutex, QDeadlineTimer deadline)
 {
     static const auto wait = inQt<bool(QWaitCondition *, QMutex *, QDeadlineTimer)>(
         "_ZN14QWaitCondition4waitEP6QMutex14QDeadlineTimer");
-    __tsan_mutex_pre_unlock(mutex, 0);
-    __tsan_mutex_post_unlock(mutex, 0);
+    // Of the mutexes of Qt's other libraries the sanitizer does not know that they were locked.
+    const bool isOurs = isWithinProgram(__builtin_return_address(0));
+    if (isOurs) {
+        __tsan_mutex_pre_unlock(mutex, 0);
+        __tsan_mutex_post_unlock(mutex, 0);
+    }
     const bool isWoken = wait(this, mutex, deadline);
-    __tsan_mutex_pre_lock(mutex, 0);
-    __tsan_mutex_post_lock(mutex, 0, 0);
+    if (isOurs) {
+        __tsan_mutex_pre_lock(mutex, 0);
+        __tsan_mutex_post_lock(mutex, 0, 0);
+    }
+    __tsan_acquire(this);
     return isWoken;
+}
+
+void QWaitCondition::wakeOne()
+{
+    static const auto wakeOne = inQt<void(QWaitCondition *)>("_ZN14QWaitCondition7wakeOneEv");
+    __tsan_release(this);
+    wakeOne(this);
+}
+
+void QWaitCondition::wakeAll()
+{
+    static const auto wakeAll = inQt<void(QWaitCondition *)>("_ZN14QWaitCondition7wakeAllEv");
+    __tsan_release(this);
+    wakeAll(this);
 }
