@@ -1,12 +1,12 @@
 #include "support/Driver.h"
 
+#include "support/FrameCount.h"
 #include "support/Patience.h"
 
 #include <QQmlEngine>
 #include <QQmlProperty>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -96,9 +96,9 @@ void Driver::click(const QString &name) const
     QPointF point;
     do {
         point = pointIn(name);
-        QSignalSpy frames(&m_window, &QQuickWindow::frameSwapped);
+        const FrameCount frames(m_window);
         m_window.update();
-        if (!frames.wait(patience))
+        if (!frames.waitForNext())
             qFatal("The window draws nothing");
     } while (pointIn(name) != point);
     QTest::mouseClick(&m_window, Qt::LeftButton, {}, point.toPoint());

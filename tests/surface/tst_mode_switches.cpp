@@ -1,5 +1,6 @@
 // A thousand changes of the display mode leave nothing behind.
 #include "Canvases.h"
+#include "support/FrameCount.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
 
@@ -58,9 +59,9 @@ private:
 
     void draw()
     {
-        QSignalSpy drawn(&m_window, &QQuickWindow::frameSwapped);
+        const FrameCount drawn(m_window);
         m_window.update();
-        (void)drawn.wait(patience);
+        (void)drawn.waitForNext();
     }
 
     QQuickWindow &m_window;
@@ -111,12 +112,12 @@ void ModeSwitchesTest::leaveNothingBehind()
 
     // Some are drawn, most are not; in some the smart mode takes a step.
     const auto switchModes = [&](int times) {
-        QSignalSpy drawn(&video.window(), &QQuickWindow::frameSwapped);
+        const FrameCount drawn(video.window());
         for (int i = 0; i < times; ++i) {
             video.view().setDisplayMode(allPortraitDisplayModes[size_t(i) % 5]);
             if (i % 10 == i / 10 % 10) {
                 video.window().update();
-                QVERIFY(drawn.wait(patience));
+                QVERIFY(drawn.waitForNext());
             }
             if (i % 250 == 4) {
                 QSignalSpy fired(&video.hostingView().smartTimer(), &QTimer::timeout);

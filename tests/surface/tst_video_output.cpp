@@ -1,11 +1,11 @@
 // Small copies of the pictures that are shown: which, when, and what is in them.
 #include "Canvases.h"
+#include "support/FrameCount.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
 
 #include "platform/MediaItemVideoOutput.h"
 
-#include <QSignalSpy>
 
 using namespace zeph;
 
@@ -82,10 +82,10 @@ void VideoOutputTest::init()
 
 void VideoOutputTest::drawSomePictures(VideoWindow &video)
 {
-    QSignalSpy drawn(&video.window(), &QQuickWindow::frameSwapped);
+    const FrameCount drawn(video.window());
     for (int i = 1; i <= 3; ++i) {
         video.window().update();
-        QTRY_VERIFY(drawn.count() >= i);
+        QTRY_VERIFY(drawn.value() >= i);
     }
 }
 
