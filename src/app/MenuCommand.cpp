@@ -9,11 +9,11 @@ MenuCommand::MenuCommand(QObject *parent)
 {
 }
 
-MenuCommand::MenuCommand(QString title, QKeySequence keyEquivalent, std::function<void()> action,
+MenuCommand::MenuCommand(QString title, const QKeySequence &keyEquivalent, std::function<void()> action,
                          QObject *parent)
     : QObject(parent)
     , m_title(std::move(title))
-    , m_keyEquivalent(std::move(keyEquivalent))
+    , m_keyEquivalent(keyEquivalent)
     , m_action(std::move(action))
 {
 }

@@ -24,7 +24,7 @@ class MenuCommand : public QObject {
 public:
     /// A divider.
     explicit MenuCommand(QObject *parent);
-    MenuCommand(QString title, QKeySequence keyEquivalent, std::function<void()> action,
+    MenuCommand(QString title, const QKeySequence &keyEquivalent, std::function<void()> action,
                 QObject *parent);
 
     const QString &title() const { return m_title; }
