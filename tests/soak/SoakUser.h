@@ -71,6 +71,7 @@ private:
     bool chooseMode(const QString &mode);
     bool fillSheet();
     bool deleteAllLinks();
+    bool answerPanel(const QString &title, const QString &path);
     bool setFullScreen(bool fullScreen);
     bool showSection(const QString &name);
     /// Those of a section that are in sight, whose sidebar it opens.
