@@ -1,5 +1,6 @@
 // A window out of which something is dragged: drag-source ADDRESS…, or drag-source --text TEXT.
-// Prints "taken" or "refused" when it was dropped.
+// Prints "welcome" when what it is over would take it, and "taken" or "refused" when it was
+// dropped.
 #include <QDrag>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -10,6 +11,12 @@
 #include <cstdio>
 
 namespace {
+
+void print(const char *line)
+{
+    std::puts(line);
+    std::fflush(stdout);
+}
 
 class DragSource : public QRasterWindow {
 public:
@@ -31,8 +38,11 @@ protected:
             data->setUrls(QUrl::fromStringList(m_arguments));
         auto *drag = new QDrag(this); // Deletes itself.
         drag->setMimeData(data);
-        std::puts(drag->exec() == Qt::IgnoreAction ? "refused" : "taken");
-        std::fflush(stdout);
+        connect(drag, &QDrag::actionChanged, this, [](Qt::DropAction action) {
+            if (action != Qt::IgnoreAction)
+                print("welcome");
+        });
+        print(drag->exec() == Qt::IgnoreAction ? "refused" : "taken");
     }
 
 private:
