@@ -62,8 +62,8 @@ ProcessFigures figuresOf(qint64 processId)
         return {};
     const QByteArray memory = contentOf(processId, "smaps_rollup");
     ProcessFigures figures;
-    figures.memory = number(memory, "Pss");
-    figures.anonymousMemory = number(memory, "Pss_Anon");
+    figures.memory = number(memory, "Rss");
+    figures.anonymousMemory = number(memory, "Anonymous");
     figures.threads = static_cast<int>(number(status, "Threads"));
     figures.fileDescriptors =
         static_cast<int>(QDir(folderOf(processId) + QStringLiteral("/fd"))

@@ -4,8 +4,8 @@
 #include <QtGlobal>
 
 struct ProcessFigures {
-    qint64 memory = 0; ///< KiB; what processes share counts for each in part.
-    qint64 anonymousMemory = 0; ///< KiB; what is neither a file's nor shared.
+    qint64 memory = 0; ///< KiB; what processes share counts for each of them.
+    qint64 anonymousMemory = 0; ///< KiB; the part of it that is no file's.
     int fileDescriptors = 0;
     int threads = 0;
     int processes = 0; ///< Also those that have ended and that nobody has asked about.

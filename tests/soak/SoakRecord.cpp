@@ -15,8 +15,8 @@ struct Column {
     double amount;
 };
 
-constexpr double memoryPart = 0.03;
-constexpr double memoryAmount = 4; ///< MiB.
+constexpr double memoryPart = 0.05;
+constexpr double memoryAmount = 10; ///< MiB.
 constexpr double count = 2;
 
 double mebibytes(qint64 kibibytes)

@@ -35,6 +35,14 @@ void resize(const XWindow &window, const QSize &size)
         QString::number(size.height()) });
 }
 
+/// The newest one of this title; null when there is none.
+XWindow panelCalled(const QString &title)
+{
+    const QString found = xdotool({ QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+        QStringLiteral("--name"), u'^' + title });
+    return XWindow(found.section(u'\n', -1));
+}
+
 void click(const char *button)
 {
     xdotool({ QStringLiteral("click"), QLatin1StringView(button) });
@@ -110,7 +118,7 @@ QString SoakUser::act()
 
 bool SoakUser::rest()
 {
-    if (!setFullScreen(false) || !chooseMode(normalMode) || !deleteAllLinks()
+    if (!closePanels() || !setFullScreen(false) || !chooseMode(normalMode) || !deleteAllLinks()
         || !showSection(networkSection) || !m_player.pressButton(clearNetworkButton))
         return false;
     if (m_player.shows(Role::TextField, movieNameField) && !toggleMovieName())
@@ -450,16 +458,32 @@ bool SoakUser::deleteAllLinks()
 // is asked about, for ever.
 bool SoakUser::answerPanel(const QString &title, const QString &path)
 {
-    const auto panel = [&title] {
-        return XWindow(xdotool({ QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-            QStringLiteral("--name"), u'^' + title }));
-    };
+    const auto panel = [&title] { return panelCalled(title); };
     if (!awaitThat([&] { return !panel().isNull(); }))
         return false;
     panel().press(QStringLiteral("ctrl+a"));
     type(path);
-    panel().press(QStringLiteral("Return"));
-    return awaitThat([&] { return panel().isNull(); });
+    // The first one may go to the list that completes the path.
+    const auto isAnswered = [&] {
+        const XWindow open = panel();
+        if (!open.isNull())
+            open.press(QStringLiteral("Return"));
+        return open.isNull();
+    };
+    return awaitThat(isAnswered);
+}
+
+bool SoakUser::closePanels()
+{
+    const QStringList titles { openPanel, importPanel, exportPanel };
+    return std::all_of(titles.cbegin(), titles.cend(), [](const QString &title) {
+        return awaitThat([&title] {
+            const XWindow open = panelCalled(title);
+            if (!open.isNull())
+                open.press(QStringLiteral("Escape"));
+            return open.isNull();
+        });
+    });
 }
 
 bool SoakUser::setFullScreen(bool fullScreen)

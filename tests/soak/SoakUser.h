@@ -72,6 +72,7 @@ private:
     bool fillSheet();
     bool deleteAllLinks();
     bool answerPanel(const QString &title, const QString &path);
+    bool closePanels();
     bool setFullScreen(bool fullScreen);
     bool showSection(const QString &name);
     /// Those of a section that are in sight, whose sidebar it opens.
