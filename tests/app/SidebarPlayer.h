@@ -1,10 +1,9 @@
-// The built program with its sidebar, and what it keeps from one run to the next.
+// The built program with its sidebar.
 #pragma once
 
+#include "OwnSettings.h"
 #include "Player.h"
 #include "support/TestServer.h"
-
-#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -28,22 +27,6 @@ inline void type(const QString &text)
 {
     xdotool({ QStringLiteral("type"), QStringLiteral("--"), text });
 }
-
-/// Settings and saved links of its own, for the programs that start while it lives.
-class OwnSettings {
-public:
-    OwnSettings()
-    {
-        qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
-        qputenv("XDG_DATA_HOME", m_folder.path().toUtf8());
-    }
-
-    /// Where they are kept.
-    QString path() const { return m_folder.path(); }
-
-private:
-    QTemporaryDir m_folder;
-};
 
 class SidebarPlayer : public Player {
 public:

@@ -1,4 +1,5 @@
 // The built program where something is missing that a desktop usually has.
+#include "OwnSettings.h"
 #include "Player.h"
 
 #include <QDBusConnectionInterface>
@@ -31,12 +32,7 @@ class EnvironmentFaultsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_settings = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_CONFIG_HOME", m_settings->path().toUtf8());
-        qputenv("XDG_DATA_HOME", m_settings->path().toUtf8());
-    }
+    void init() { m_settings = std::make_unique<OwnSettings>(); }
 
     void withoutOpenGLItSaysSo()
     {
@@ -137,7 +133,7 @@ private Q_SLOTS:
 
 private:
     AccessibilityBus m_bus;
-    std::unique_ptr<QTemporaryDir> m_settings;
+    std::unique_ptr<OwnSettings> m_settings;
 };
 
 QTEST_MAIN(EnvironmentFaultsTest)

@@ -1,9 +1,9 @@
 // The built program, driven through its accessibility tree and with the mouse, from outside.
+#include "OwnSettings.h"
 #include "Player.h"
 #include "support/Cursor.h"
 
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -35,9 +35,7 @@ private Q_SLOTS:
     void init()
     {
         // Programs before this one may have changed the volume.
-        m_settings = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_CONFIG_HOME", m_settings->path().toUtf8());
-        qputenv("XDG_DATA_HOME", m_settings->path().toUtf8());
+        m_settings = std::make_unique<OwnSettings>();
     }
 
     void opensAFile()
@@ -264,7 +262,7 @@ private Q_SLOTS:
 
 private:
     AccessibilityBus m_bus;
-    std::unique_ptr<QTemporaryDir> m_settings;
+    std::unique_ptr<OwnSettings> m_settings;
 };
 
 QTEST_MAIN(MainWindowTest)
