@@ -38,7 +38,10 @@ QString AccessibleObject::description() const
 
 AccessibleObject::Role AccessibleObject::role() const
 {
-    return Role(call(accessible, QStringLiteral("GetRole")).value(0).toUInt());
+    // Qt 6.8 has another role for buttons that open a menu, Qt 6.4 has not.
+    constexpr uint menuButton = 129;
+    const uint role = call(accessible, QStringLiteral("GetRole")).value(0).toUInt();
+    return role == menuButton ? Role::Button : Role(role);
 }
 
 bool AccessibleObject::has(State state) const
