@@ -1,5 +1,7 @@
 #include "library/ChannelListKeys.h"
 
+#include "library/TypedText.h"
+
 #include <QQuickWindow>
 
 #include <algorithm>
@@ -33,11 +35,7 @@ bool isReturn(int key)
 // The space bar is the player's: no name begins with a blank.
 bool isText(const QKeyEvent &press)
 {
-    constexpr Qt::KeyboardModifiers commands =
-        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    const QString text = press.text();
-    return !(press.modifiers() & commands) && !text.isEmpty() && text.front().isPrint()
-        && !text.front().isSpace();
+    return isTypedText(press) && !press.text().front().isSpace();
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "library/FilterMenuKeys.h"
 
+#include "library/TypedText.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -65,12 +67,9 @@ bool FilterMenuKeys::handle(const QKeyEvent &press)
     default:
         break;
     }
-    constexpr Qt::KeyboardModifiers commands =
-        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    const QString text = press.text();
-    if ((press.modifiers() & commands) || text.isEmpty() || !text.front().isPrint())
+    if (!isTypedText(press))
         return false;
-    lookFor(text);
+    lookFor(press.text());
     return true;
 }
 
