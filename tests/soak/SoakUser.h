@@ -69,6 +69,9 @@ private:
     }
     bool enterAddress(const QString &address);
     bool chooseMode(const QString &mode);
+    /// Of the menu that is open, or about to open.
+    bool chooseAnyMenuItem();
+    bool moveSlider(const QString &name);
     bool fillSheet();
     bool deleteAllLinks();
     bool answerPanel(const QString &title, const QString &path);
