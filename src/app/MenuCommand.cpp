@@ -9,8 +9,8 @@ MenuCommand::MenuCommand(QObject *parent)
 {
 }
 
-MenuCommand::MenuCommand(QString title, const QKeySequence &keyEquivalent, std::function<void()> action,
-                         QObject *parent)
+MenuCommand::MenuCommand(QString title, const QKeySequence &keyEquivalent,
+    std::function<void()> action, QObject *parent)
     : QObject(parent)
     , m_title(std::move(title))
     , m_keyEquivalent(keyEquivalent)
