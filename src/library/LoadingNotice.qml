@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import ZephPlayer.Player
+import ZephPlayer.Surface
 
 RowLayout {
     id: notice
@@ -16,12 +17,10 @@ RowLayout {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: label.text
 
-    BusyIndicator {
-        implicitWidth: 18
-        implicitHeight: 18
-        padding: 0
-        running: notice.visible
-        Accessible.ignored: true
+    ActivityIndicator {
+        implicitWidth: 16
+        implicitHeight: 16
+        color: label.palette.windowText
     }
     Label {
         id: label

@@ -1,6 +1,6 @@
 // Says that a live stream has stalled.
 import QtQuick
-import QtQuick.Controls
+import ZephPlayer.Surface
 
 Column {
     spacing: 10
@@ -8,14 +8,11 @@ Column {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: label.text
 
-    BusyIndicator {
+    ActivityIndicator {
         anchors.horizontalCenter: parent.horizontalCenter
-        width: 40
-        height: 40
-        running: parent.visible
-        palette.dark: "white"
-        palette.text: "white"
-        Accessible.ignored: true
+        width: 32
+        height: 32
+        color: "white"
     }
     Text {
         id: label
