@@ -1,6 +1,6 @@
 #include "platform/BrowserSandbox.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <sched.h>
 #include <sys/wait.h>

@@ -7,7 +7,7 @@ namespace zeph {
 
 QString runTimeModulesFolder()
 {
-    const QString folder =
+    QString folder =
         QCoreApplication::applicationDirPath() + QStringLiteral("/" ZEPH_MODULES_FOLDER);
 #ifdef ZEPH_BUILT_MODULES
     // Tests and benchmarks lie all over the build folder.
