@@ -68,9 +68,7 @@ QByteArray withoutDotSegments(QByteArrayView path)
     while (!path.isEmpty()) {
         if (path.startsWith("../")) {
             path = path.sliced(3);
-        } else if (path.startsWith("./")) {
-            path = path.sliced(2);
-        } else if (path.startsWith("/./")) {
+        } else if (path.startsWith("./") || path.startsWith("/./")) {
             path = path.sliced(2);
         } else if (path == "/.") {
             path = "/";

@@ -27,7 +27,7 @@ QByteArray nameFromAddress(QByteArrayView address)
         path.chop(1);
     // Qt 6.8 finds a character in front of an empty view, too.
     const qsizetype start = path.isEmpty() ? 0 : path.lastIndexOf('/') + 1;
-    const QByteArray name = QByteArray::fromPercentEncoding(path.sliced(start).toByteArray());
+    QByteArray name = QByteArray::fromPercentEncoding(path.sliced(start).toByteArray());
     if (!name.isEmpty() && name.isValidUtf8())
         return name;
     const QString host = QUrl::fromEncoded(address.toByteArray()).host();
