@@ -18,8 +18,8 @@
 #include <sanitizer/tsan_interface.h>
 #include <utility>
 
-// Where the linker put the program's code.
-extern "C" const char __executable_start;
+// Where the linker put the program's code. The names are the linker's.
+extern "C" const char __executable_start; // NOLINT(bugprone-reserved-identifier)
 extern "C" const char etext;
 
 namespace {
