@@ -76,10 +76,7 @@ void TestServer::start()
             qPrintable(m_certificate->certificateFile), qPrintable(m_certificate->keyFile));
     else
         m_server = std::make_unique<httplib::Server>();
-    m_server->set_logger([this](const httplib::Request &request, const httplib::Response &) {
-        const QMutexLocker lock(&m_mutex);
-        ++m_records[QString::fromStdString(request.path)].answered;
-    });
+    m_server->set_logger([this](const auto &request, const auto &) { countAnswer(request); });
     // A connection that is kept for later would hold up `stop`.
     m_server->set_keep_alive_max_count(1);
     m_server->set_pre_routing_handler([this](const auto &request, auto &response) {
@@ -116,10 +113,10 @@ void TestServer::release()
     m_heldChanged.wakeAll();
 }
 
-void TestServer::answer(const QString &path, Handler handler)
+void TestServer::answer(const QString &path, const Handler &handler)
 {
     const QMutexLocker lock(&m_mutex);
-    m_handlers.insert(path, std::move(handler));
+    m_handlers.insert(path, handler);
 }
 
 void TestServer::serve(const QString &path, const QByteArray &body, const QByteArray &type)
@@ -345,6 +342,12 @@ void TestServer::handle(const httplib::Request &request, httplib::Response &resp
         handler(request, response);
     else
         sendFile(path, response);
+}
+
+void TestServer::countAnswer(const httplib::Request &request)
+{
+    const QMutexLocker lock(&m_mutex);
+    ++m_records[QString::fromStdString(request.path)].answered;
 }
 
 void TestServer::sendFile(const QString &path, httplib::Response &response) const

@@ -101,9 +101,10 @@ private:
         QHash<QByteArray, QByteArray> lastHeaders; ///< By lower-case name.
     };
 
-    void answer(const QString &path, Handler handler);
+    void answer(const QString &path, const Handler &handler);
     void change(const QString &path, std::function<void(httplib::Response &)> change);
     void handle(const httplib::Request &request, httplib::Response &response);
+    void countAnswer(const httplib::Request &request);
     void waitUntilReleased();
     void sendFile(const QString &path, httplib::Response &response) const;
 
