@@ -133,7 +133,7 @@ private:
 
 int main(int argc, char **argv)
 {
-    const SmallDisk disk(256 * 1024);
+    const SmallDisk disk(256 << 10);
     QGuiApplication application(argc, argv);
     StorageFaultsTest test(disk);
     return QTest::qExec(&test, argc, argv);

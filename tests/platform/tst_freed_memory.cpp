@@ -10,7 +10,7 @@ using namespace zeph;
 
 namespace {
 
-constexpr size_t mebibyte = 1024 * 1024;
+constexpr size_t mebibyte = 1 << 20;
 
 /// Bytes that the system has given to this process for its blocks, used or not.
 size_t heldMemory()

@@ -113,10 +113,9 @@ std::optional<QString> attribute(const QString &name, const QString &line)
 
 QString title(const QString &wholeLine)
 {
-    const QString line = trimmed(wholeLine);
     const qsizetype comma = wholeLine.indexOf(u',');
     if (comma < 0)
-        return line;
+        return trimmed(wholeLine);
     const QString rest = wholeLine.mid(comma + 1);
     if (rest.isEmpty())
         return trimmed(wholeLine.left(comma));
@@ -145,8 +144,7 @@ std::optional<QString> countryCode(const QString &line)
         value = attribute(QStringLiteral("country"), line);
     static const QRegularExpression delimiters(QStringLiteral("[,; ]"));
     if (value) {
-        const auto code = codeFrom(value->split(delimiters, Qt::SkipEmptyParts).value(0));
-        if (code)
+        if (auto code = codeFrom(value->split(delimiters, Qt::SkipEmptyParts).value(0)))
             return code;
     }
     const auto id = attribute(QStringLiteral("tvg-id"), line);

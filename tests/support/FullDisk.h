@@ -69,7 +69,7 @@ private:
 #define ZEPH_SMALL_DISK_TEST_MAIN(TestClass)                                                       \
     int main(int argc, char **argv)                                                                \
     {                                                                                              \
-        const SmallDisk disk(256 * 1024);                                                          \
+        const SmallDisk disk(256 << 10);                                                           \
         QCoreApplication application(argc, argv);                                                  \
         TestClass test(disk);                                                                      \
         return QTest::qExec(&test, argc, argv);                                                    \

@@ -48,13 +48,13 @@ QString TestAuthority::certificateFile() const
 
 ServerCertificate TestAuthority::certify(const QString &hostName)
 {
-    const ServerCertificate server { m_folder.filePath(hostName + QStringLiteral(".pem")),
+    ServerCertificate server { m_folder.filePath(hostName + QStringLiteral(".pem")),
         m_folder.filePath(hostName + QStringLiteral(".key")) };
     openssl(newCertificate(hostName, server.keyFile, server.certificateFile)
         << QStringLiteral("-CA") << certificateFile() << QStringLiteral("-CAkey")
         << m_folder.filePath(QStringLiteral("authority.key")) << QStringLiteral("-addext")
-        << QStringLiteral("subjectAltName=") + alternativeName(hostName) << QStringLiteral("-addext")
-        << QStringLiteral("basicConstraints=critical,CA:FALSE"));
+        << QStringLiteral("subjectAltName=") + alternativeName(hostName)
+        << QStringLiteral("-addext") << QStringLiteral("basicConstraints=critical,CA:FALSE"));
     return server;
 }
 
