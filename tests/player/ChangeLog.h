@@ -13,7 +13,7 @@ class ChangeLog : public QObject {
 public:
     explicit ChangeLog(const zeph::PlayerModel &model)
     {
-        const QMetaMethod write = metaObject()->method(metaObject()->indexOfSlot("write()"));
+        const QMetaMethod write = staticMetaObject.method(staticMetaObject.indexOfSlot("write()"));
         const QMetaObject &type = zeph::PlayerModel::staticMetaObject;
         for (int i = type.propertyOffset(); i < type.propertyCount(); ++i) {
             if (type.property(i).hasNotifySignal())

@@ -176,7 +176,7 @@ private:
 
     QUrl pipe() const
     {
-        const QUrl url = file(QStringLiteral("pipe.m3u"));
+        QUrl url = file(QStringLiteral("pipe.m3u"));
         if (::mkfifo(QFile::encodeName(url.toLocalFile()).constData(), 0600) != 0)
             qFatal("There is no pipe");
         return url;
@@ -185,7 +185,7 @@ private:
     // Takes no room on the disk.
     QUrl hugeFile() const
     {
-        const QUrl url = file(QStringLiteral("huge.m3u"), list);
+        QUrl url = file(QStringLiteral("huge.m3u"), list);
         if (!QFile::resize(url.toLocalFile(), (qint64 { 512 } << 20) + 1))
             qFatal("The file cannot be made that large");
         return url;

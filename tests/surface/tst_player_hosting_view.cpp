@@ -328,7 +328,7 @@ void PlayerHostingViewTest::destroyedViewDetachesItsTap()
     const QPointer<const QTimer> timer = &view->smartTimer();
     view.reset();
     QVERIFY(!player.currentItem()->videoOutput());
-    QVERIFY(!timer);
+    QVERIFY(timer.isNull());
 }
 
 void PlayerHostingViewTest::anotherViewsTapIsLeftAlone()

@@ -106,7 +106,8 @@ void VideoOutputTest::isUprightInKnownColours()
     for (int i = 0; i < 4; ++i)
         QVERIFY2(isNear(actual[i], expected[i], tolerance), qPrintable(actual[i].name()));
     // Of red: blue, green, red and the fourth, in memory.
-    const uchar *pixel = copy.constScanLine(6) + 4 * 8;
+    constexpr int eighth = 8 * 4;
+    const uchar *pixel = copy.constScanLine(6) + eighth;
     QVERIFY(pixel[0] < 12 && pixel[1] < 12 && pixel[2] > 243 && pixel[3] == 255);
 }
 

@@ -57,7 +57,7 @@ public:
 
     QJSValue evaluate(const QString &script)
     {
-        const QJSValue value = m_engine.evaluate(script);
+        QJSValue value = m_engine.evaluate(script);
         if (value.isError())
             qWarning("%s", qPrintable(value.toString()));
         return value;
