@@ -140,7 +140,8 @@ public:
         for (const auto &[title, name] : modes) {
             press(player, Role::Button, modeButton);
             press(player, Role::MenuItem, title);
-            (void)QTest::qWaitFor([&] { return !player.shows(Role::MenuItem, title); }, patience);
+            (void)QTest::qWaitFor(
+                [&, title = title] { return !player.shows(Role::MenuItem, title); }, patience);
             take(player, name);
         }
     }

@@ -250,7 +250,7 @@ private Q_SLOTS:
             const auto &[country, expectedCountry] = countries[random.bounded(countries.size())];
             const QString name = randomText(random, letters, 12);
             const QString group = randomText(random, letters, 12);
-            const PlaylistEntry entry = savedLinkWith([&](Fields &fields) {
+            const PlaylistEntry entry = savedLinkWith([&, country = country](Fields &fields) {
                 fields.name = name;
                 fields.groupTitle = group;
                 fields.countryCode = country;
