@@ -1,3 +1,4 @@
+// A window with nothing in it, for comparison.
 import QtQuick
 
 Window {

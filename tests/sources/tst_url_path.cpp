@@ -139,4 +139,4 @@ void UrlPathTest::trims()
 }
 
 QTEST_GUILESS_MAIN(UrlPathTest)
-#include "UrlPathTest.moc"
+#include "tst_url_path.moc"

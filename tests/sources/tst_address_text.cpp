@@ -265,4 +265,4 @@ void AddressTextTest::resolvesOnlyAbsoluteAddressesWithoutABase()
 }
 
 QTEST_GUILESS_MAIN(AddressTextTest)
-#include "AddressTextTest.moc"
+#include "tst_address_text.moc"

@@ -136,4 +136,4 @@ void WebPlayerRegistryTest::mutesOK()
 }
 
 QTEST_GUILESS_MAIN(WebPlayerRegistryTest)
-#include "WebPlayerRegistryTest.moc"
+#include "tst_web_player_registry.moc"

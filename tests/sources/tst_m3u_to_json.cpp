@@ -109,4 +109,4 @@ void M3uToJsonTest::failsWhenItsOutputIsFull()
 }
 
 QTEST_GUILESS_MAIN(M3uToJsonTest)
-#include "M3uToJsonTest.moc"
+#include "tst_m3u_to_json.moc"

@@ -106,4 +106,4 @@ void Utf8SpaceTest::keepsByteOrderMarks()
 }
 
 QTEST_GUILESS_MAIN(Utf8SpaceTest)
-#include "Utf8SpaceTest.moc"
+#include "tst_utf8_space.moc"

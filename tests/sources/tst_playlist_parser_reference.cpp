@@ -88,4 +88,4 @@ void PlaylistParserReferenceTest::readsLikeTheNaiveParser()
 }
 
 QTEST_GUILESS_MAIN(PlaylistParserReferenceTest)
-#include "PlaylistParserReferenceTest.moc"
+#include "tst_playlist_parser_reference.moc"

@@ -173,4 +173,4 @@ void YouTubeContentTest::givesNoBlankIds()
 }
 
 QTEST_GUILESS_MAIN(YouTubeContentTest)
-#include "YouTubeContentTest.moc"
+#include "tst_youtube_content.moc"

@@ -133,4 +133,4 @@ void OKVideoContentTest::givesOnlyAllowedIds()
 }
 
 QTEST_GUILESS_MAIN(OKVideoContentTest)
-#include "OKVideoContentTest.moc"
+#include "tst_ok_video_content.moc"

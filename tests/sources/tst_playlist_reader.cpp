@@ -93,4 +93,4 @@ void PlaylistReaderTest::readsForNobody()
 }
 
 QTEST_GUILESS_MAIN(PlaylistReaderTest)
-#include "PlaylistReaderTest.moc"
+#include "tst_playlist_reader.moc"

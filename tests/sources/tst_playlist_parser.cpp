@@ -465,4 +465,4 @@ void PlaylistParserTest::copesWithMutilatedLists()
 }
 
 QTEST_GUILESS_MAIN(PlaylistParserTest)
-#include "PlaylistParserTest.moc"
+#include "tst_playlist_parser.moc"

@@ -341,4 +341,4 @@ void PlaylistEntryTest::makesRandomIds()
 }
 
 QTEST_GUILESS_MAIN(PlaylistEntryTest)
-#include "PlaylistEntryTest.moc"
+#include "tst_playlist_entry.moc"
