@@ -104,7 +104,7 @@ double milliseconds(std::chrono::steady_clock::duration duration)
 QString listFile(int count)
 {
     static const QTemporaryDir folder;
-    const QString path = folder.filePath(QString::number(count));
+    QString path = folder.filePath(QString::number(count));
     QFile file(path);
     if (!file.exists() && file.open(QIODevice::WriteOnly))
         file.write(channelList(count));

@@ -40,6 +40,7 @@ Program::Program(
     m_process = ::fork();
     if (m_process == 0) {
         std::vector<char *> arguments;
+        arguments.reserve(command.size() + 1);
         for (const std::string &argument : command)
             arguments.push_back(const_cast<char *>(argument.c_str()));
         arguments.push_back(nullptr);

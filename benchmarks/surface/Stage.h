@@ -32,7 +32,7 @@ public:
     {
         const auto start = Clock::now();
         const double processorStart = processorMilliseconds();
-        const QList<QRectF> faces = m_shared->faces(picture);
+        QList<QRectF> faces = m_shared->faces(picture);
         times.push_back(millisecondsSince(start));
         processorTimes.push_back(processorMilliseconds() - processorStart);
         return faces;
