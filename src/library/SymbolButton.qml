@@ -1,15 +1,12 @@
 // A small button that is nothing but a symbol.
 import QtQuick
-import QtQuick.Controls
 import ZephPlayer.Library
 import ZephPlayer.Surface
 
-AbstractButton {
+HelpedButton {
     id: button
 
     required property string symbol
-    /// What it does, for the tool tip and for screen readers.
-    required property string help
     property color tint: palette.windowText
     /// The Tab key leads to it.
     property bool reachable: true
@@ -17,16 +14,6 @@ AbstractButton {
     implicitWidth: 22
     implicitHeight: 22
     focusPolicy: reachable ? Qt.TabFocus : Qt.NoFocus
-    hoverEnabled: true
-
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-
-    Accessible.name: help
-    Accessible.onPressAction: clicked()
-    ToolTip.text: help
-    ToolTip.visible: hovered && !down
-    ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
     background: Rectangle {
         radius: 5

@@ -1,32 +1,16 @@
 // A button of the control bar: a symbol on a small plate.
 import QtQuick
-import QtQuick.Templates as T
 import ZephPlayer.Surface
 
-T.AbstractButton {
+HelpedButton {
     id: button
 
     required property string symbol
-    /// What it does, for the tool tip and for screen readers.
-    required property string help
     property bool prominent: false
 
     implicitWidth: prominent ? 27 : 23
     implicitHeight: 19
     opacity: enabled ? 1 : 0.4
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
-
-    // The space bar belongs to the player.
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-
-    Accessible.name: help
-    // Of themselves, Qt 6.4 has screen readers press no controls.
-    Accessible.onPressAction: clicked()
-    T.ToolTip.text: help
-    T.ToolTip.visible: hovered && !down
-    T.ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
     background: Rectangle {
         radius: 4

@@ -1,25 +1,16 @@
 // The invitation on a surface that has nothing to show.
 import QtQuick
-import QtQuick.Templates as T
 import ZephPlayer.Surface
 
-T.AbstractButton {
+HelpedButton {
     id: prompt
 
+    help: qsTr("Open Media")
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     padding: 16
-    focusPolicy: Qt.TabFocus
 
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-
-    Accessible.name: qsTr("Open Media")
     Accessible.description: qsTr("Click to open media or drop a video or audio file here")
-    Accessible.onPressAction: clicked()
-    T.ToolTip.text: qsTr("Open Media")
-    T.ToolTip.visible: hovered && !down
-    T.ToolTip.delay: Qt.styleHints.mousePressAndHoldInterval
 
     background: Item {
         FocusRing {
