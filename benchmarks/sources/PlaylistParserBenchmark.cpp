@@ -1,3 +1,4 @@
+// How long lists take to be read, and how much memory they then take.
 #include "sources/PlaylistParser.h"
 #include "support/ChannelList.h"
 #include "support/MemoryUse.h"

@@ -24,10 +24,6 @@ public:
         double videoAspectRatio, QUuid videoAspectMediaLoadID, bool sidebarVisible,
         bool isFullScreen);
 
-    /// The load whose fit has been made; null when none.
-    QUuid fittedMediaLoadID() const { return m_fittedMediaLoadID; }
-    bool isFitPending() const { return m_pendingFit.isPending(); }
-
 private:
     void fit(QQuickWindow &window, QUuid mediaLoadID, double videoAspectRatio, bool sidebarVisible);
 

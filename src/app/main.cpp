@@ -1,3 +1,4 @@
+// The program starts here.
 #include "app/ZephPlayerApp.h"
 
 int main(int argc, char *argv[])

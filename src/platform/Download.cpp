@@ -1,6 +1,7 @@
 #include "platform/Download.h"
 
 #include "platform/CertificateAuthorities.h"
+#include "platform/WebScheme.h"
 
 #include <QNetworkReply>
 #include <QNetworkRequest>
@@ -38,11 +39,6 @@ QNetworkRequest requestFor(const QUrl &url)
     return request;
 }
 
-bool isWebAddress(const QUrl &url)
-{
-    return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-}
-
 } // namespace
 
 Download::Download(const QUrl &url, DownloadLimits limits, QObject *parent)
@@ -61,7 +57,7 @@ Download::Download(
 void Download::start(const QUrl &url, QNetworkAccessManager &network)
 {
     connect(&m_assembly, &QFutureWatcherBase::finished, this, &Download::takeAssembled);
-    if (!isWebAddress(url)) {
+    if (!hasWebScheme(url)) {
         const auto refuse = [this] { Q_EMIT failed(tr("The address is not one of the web.")); };
         QMetaObject::invokeMethod(this, refuse, Qt::QueuedConnection);
         return;

@@ -16,8 +16,6 @@ QVariant toVariant(const mpv_event_property &property)
     switch (property.format) {
     case MPV_FORMAT_FLAG:
         return *static_cast<int *>(property.data) != 0;
-    case MPV_FORMAT_INT64:
-        return static_cast<qint64>(*static_cast<int64_t *>(property.data));
     case MPV_FORMAT_DOUBLE:
         return *static_cast<double *>(property.data);
     default:

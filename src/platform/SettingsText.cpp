@@ -1,5 +1,7 @@
 #include "platform/SettingsText.h"
 
+#include "platform/Ascii.h"
+
 namespace zeph {
 
 namespace {
@@ -7,11 +9,6 @@ namespace {
 constexpr QByteArrayView topSection = "[General]";
 // Begins values which are no texts, unless there are two of it.
 constexpr char valueMark = '@';
-
-bool isHexDigit(char byte)
-{
-    return (byte >= '0' && byte <= '9') || ((byte | 0x20) >= 'a' && (byte | 0x20) <= 'f');
-}
 
 bool isControl(char byte)
 {

@@ -1,5 +1,7 @@
 #include "platform/TextSearch.h"
 
+#include "platform/Ascii.h"
+
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
 #include <unicode/normalizer2.h>
@@ -15,16 +17,6 @@ namespace zeph {
 namespace {
 
 constexpr char smallDotlessI[] = "\u0131";
-
-bool isAscii(char byte)
-{
-    return static_cast<signed char>(byte) >= 0;
-}
-
-char lowerAscii(char byte)
-{
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte | ' ') : byte;
-}
 
 const icu::Normalizer2 *composer()
 {

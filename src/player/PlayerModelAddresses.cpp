@@ -1,6 +1,7 @@
 // What becomes of an address that the user typed or pasted.
 #include "player/PlayerModel.h"
 
+#include "platform/WebScheme.h"
 #include "player/DefaultTitle.h"
 #include "sources/UrlPath.h"
 
@@ -21,7 +22,7 @@ std::optional<QUrl> webAddress(const QString &text)
     if (!address)
         return std::nullopt;
     const QUrl url = address->toUrl();
-    if (url.scheme() != QLatin1String("http") && url.scheme() != QLatin1String("https"))
+    if (!hasWebScheme(url))
         return std::nullopt;
     return url;
 }

@@ -1,5 +1,6 @@
 #include "sources/AddressReader.h"
 
+#include "platform/Ascii.h"
 #include "sources/AddressParts.h"
 #include "sources/Utf8Space.h"
 
@@ -63,12 +64,6 @@ constexpr auto isDigit = [](char character) { return character >= '0' && charact
 constexpr auto endsAuthority = [](char character) {
     return character == '/' || character == '?' || character == '#';
 };
-
-bool isHexDigit(char character)
-{
-    return isDigit(character) || (character >= 'a' && character <= 'f')
-        || (character >= 'A' && character <= 'F');
-}
 
 bool hasOnlyWholeEscapes(QByteArrayView text)
 {

@@ -1,5 +1,6 @@
 #include "sources/CountryCode.h"
 
+#include "platform/Ascii.h"
 #include "sources/Utf8Space.h"
 
 #include <QString>
@@ -10,16 +11,6 @@
 namespace zeph {
 
 namespace {
-
-constexpr auto isAscii = [](char character) {
-    return static_cast<unsigned char>(character) < 0x80;
-};
-
-char toUpperAscii(char character)
-{
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
-                                                : character;
-}
 
 // Characters as people count them: a letter with its accents is one.
 bool hasTwoCharacters(const QString &text)
@@ -33,7 +24,7 @@ CountryCode codeFrom(QByteArrayView piece)
     if (std::all_of(piece.begin(), piece.end(), isAscii)) {
         if (piece.size() != 2)
             return {};
-        return { toUpperAscii(piece[0]), toUpperAscii(piece[1]) };
+        return { upperAscii(piece[0]), upperAscii(piece[1]) };
     }
     const QString text = textFromUtf8(piece).toUpper();
     return hasTwoCharacters(text) ? text.toStdString() : CountryCode();

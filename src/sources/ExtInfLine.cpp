@@ -1,5 +1,6 @@
 #include "sources/ExtInfLine.h"
 
+#include "platform/Ascii.h"
 #include "sources/Utf8Space.h"
 
 #include <algorithm>
@@ -27,17 +28,11 @@ constexpr std::array attributes {
     Attribute { "tvg-id", &ExtInfLine::tvgID },
 };
 
-constexpr char toLowerAscii(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                : character;
-}
-
 bool endsWithIgnoringCase(QByteArrayView text, QByteArrayView name)
 {
-    return text.size() >= name.size() && toLowerAscii(text.back()) == name.back()
+    return text.size() >= name.size() && lowerAscii(text.back()) == name.back()
         && std::equal(name.begin(), name.end(), text.end() - name.size(),
-            [](char expected, char actual) { return expected == toLowerAscii(actual); });
+            [](char expected, char actual) { return expected == lowerAscii(actual); });
 }
 
 const char *findQuote(const char *begin, const char *end)

@@ -1,5 +1,7 @@
 #include "sources/PlaylistText.h"
 
+#include "platform/Ascii.h"
+
 #include <QStringEncoder>
 
 #include <algorithm>
@@ -11,9 +13,6 @@ namespace {
 // Without the detour over UTF-16, which would take twice the memory of the text.
 QByteArray utf8FromLatin1(QByteArrayView latin1)
 {
-    const auto isAscii = [](char character) {
-        return static_cast<unsigned char>(character) < 0x80;
-    };
     const qsizetype beyondAscii =
         latin1.size() - std::count_if(latin1.begin(), latin1.end(), isAscii);
     QByteArray utf8;

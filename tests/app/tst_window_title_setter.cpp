@@ -291,7 +291,7 @@ private Q_SLOTS:
         test.load(16.0 / 9);
         for (int width = 730; width <= 760; width += 5) {
             test.window.resize(width, 464);
-            QVERIFY(resized.wait());
+            QVERIFY(resized.wait(patience));
             QCOMPARE(test.window.width(), width);
         }
         QTRY_VERIFY(test.window.width() == 764);

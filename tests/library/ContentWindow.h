@@ -20,7 +20,7 @@ struct ContentWindow {
         window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
     }
 
-    bool isUp() { return window && QTest::qWaitForWindowActive(window); }
+    bool isUp() { return window && QTest::qWaitForWindowActive(window, patience); }
     Driver driver() { return Driver(*window); }
 
     /// Moves the real mouse, as far as the window is concerned, to a point in it.

@@ -44,8 +44,8 @@ public:
 
     bool isUp()
     {
-        return m_window && QTest::qWaitForWindowActive(m_window)
-            && QTest::qWaitFor([this] { return sheet().property("opened").toBool(); });
+        return m_window && QTest::qWaitForWindowActive(m_window, patience)
+            && QTest::qWaitFor([this] { return sheet().property("opened").toBool(); }, patience);
     }
 
     QQuickWindow &window() { return *m_window; }

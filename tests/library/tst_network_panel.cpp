@@ -75,7 +75,7 @@ struct Panel : ContentWindow {
         return isUp()
             && QTest::qWaitFor(
                 [this] { return view.channels()->networkChannels()->count() > 0; }, patience)
-            && QTest::qWaitForWindowExposed(window);
+            && QTest::qWaitForWindowExposed(window, patience);
     }
     void type(const QString &text) const
     {

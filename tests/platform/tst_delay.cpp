@@ -1,3 +1,4 @@
+// Delays that run once, are replaced and are cancelled.
 #include "platform/Delay.h"
 #include "support/Patience.h"
 

@@ -1,3 +1,4 @@
+// What is freed goes back to the system.
 #include "platform/FreedMemory.h"
 
 #include <QTest>

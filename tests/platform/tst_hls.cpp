@@ -1,3 +1,4 @@
+// HLS streams, live and not, from a real server.
 #include "support/EngineTest.h"
 #include "support/LiveStream.h"
 #include "support/Patience.h"

@@ -1,3 +1,4 @@
+// When a live stream that has ended is opened again.
 #include "platform/LiveReload.h"
 #include "support/Patience.h"
 

@@ -1,3 +1,4 @@
+// Which addresses may be played.
 #include "platform/MediaAddress.h"
 
 #include <QTest>

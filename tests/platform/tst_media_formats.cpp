@@ -1,3 +1,4 @@
+// Every kind of file that the player offers to open.
 #include "support/EngineTest.h"
 
 #include <QSignalSpy>

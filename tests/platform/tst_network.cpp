@@ -1,3 +1,4 @@
+// Media from servers, well-behaved and not.
 #include "support/EngineTest.h"
 #include "support/Patience.h"
 #include "support/TestAuthority.h"

@@ -1,3 +1,4 @@
+// Who hears of what is posted.
 #include "platform/PlayerNotifications.h"
 
 #include <QQuickWindow>

@@ -1,3 +1,4 @@
+// Streams that have no list of parts, live and not.
 #include "support/EngineTest.h"
 #include "support/LiveStream.h"
 #include "support/Patience.h"

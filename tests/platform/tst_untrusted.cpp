@@ -1,3 +1,4 @@
+// Media that would have the player open what its user did not.
 #include "support/EngineTest.h"
 #include "support/FileOpenWatch.h"
 #include "support/TestServer.h"

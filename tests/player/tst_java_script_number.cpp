@@ -1,3 +1,4 @@
+// Numbers as scripts write them.
 #include "player/JavaScriptNumber.h"
 
 #include <QRandomGenerator>

@@ -1,4 +1,4 @@
-// Lists of channels.
+// The soak's user: lists of channels.
 #include "SoakUser.h"
 #include "SoakWays.h"
 

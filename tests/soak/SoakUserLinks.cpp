@@ -1,4 +1,4 @@
-// The saved links.
+// The soak's user: the saved links.
 #include "SoakUser.h"
 #include "SoakWays.h"
 

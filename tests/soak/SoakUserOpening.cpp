@@ -1,4 +1,4 @@
-// What opens something to play.
+// The soak's user: what opens something to play.
 #include "SoakUser.h"
 #include "SoakWays.h"
 

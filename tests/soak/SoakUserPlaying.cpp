@@ -1,4 +1,4 @@
-// What is done to what plays.
+// The soak's user: what is done to what plays.
 #include "SoakUser.h"
 #include "SoakWays.h"
 

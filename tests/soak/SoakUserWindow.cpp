@@ -1,4 +1,4 @@
-// The window.
+// The soak's user: the window.
 #include "SoakUser.h"
 #include "SoakWays.h"
 

@@ -1,3 +1,4 @@
+// What counts as growth.
 #include "Growth.h"
 
 #include <QTest>

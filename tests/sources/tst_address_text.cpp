@@ -1,3 +1,4 @@
+// What becomes of addresses as people and lists write them.
 #include "sources/AddressText.h"
 #include "sources/AddressResolver.h"
 

@@ -1,3 +1,4 @@
+// Which addresses are videos of OK.
 #include "sources/OKVideoContent.h"
 #include "sources/OddAddresses.h"
 

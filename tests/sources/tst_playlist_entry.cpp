@@ -1,3 +1,4 @@
+// Entries of lists, and how they are stored.
 #include "sources/PlaylistEntry.h"
 #include "sources/PlaylistEntryJson.h"
 #include "sources/PlaylistError.h"

@@ -1,3 +1,4 @@
+// What is read from lists.
 #include "sources/PlaylistParser.h"
 #include "sources/AwkwardLists.h"
 

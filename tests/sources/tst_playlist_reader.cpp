@@ -1,3 +1,4 @@
+// Lists that are read in another thread.
 #include "sources/PlaylistReader.h"
 #include "support/Patience.h"
 

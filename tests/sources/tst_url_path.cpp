@@ -1,3 +1,4 @@
+// The path of an address, its name and its extension.
 #include "sources/UrlPath.h"
 
 #include <QTest>

@@ -1,3 +1,4 @@
+// White space and line breaks in UTF-8.
 #include "sources/Utf8Space.h"
 
 #include <QTest>

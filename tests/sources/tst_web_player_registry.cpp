@@ -1,3 +1,4 @@
+// Commands that reach the page that is shown.
 #include "sources/WebPlayerRegistry.h"
 #include "support/Patience.h"
 

@@ -1,3 +1,4 @@
+// Which addresses are videos of YouTube.
 #include "sources/YouTubeContent.h"
 #include "sources/OddAddresses.h"
 

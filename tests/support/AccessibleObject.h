@@ -13,7 +13,6 @@ public:
     /// Numbers as in the protocol, AT-SPI.
     enum class Role {
         Alert = 2,
-        CheckBox = 7,
         ComboBox = 11,
         Dialog = 16,
         Frame = 23,
@@ -35,11 +34,7 @@ public:
     };
     enum class State {
         Checked = 4,
-        Editable = 7,
-        Enabled = 8,
-        Focusable = 11,
         Focused = 12,
-        Selected = 23,
         Showing = 25,
         Visible = 30,
     };

@@ -28,7 +28,7 @@ struct BarWindow {
         window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
     }
 
-    bool isUp() { return window && QTest::qWaitForWindowActive(window); }
+    bool isUp() { return window && QTest::qWaitForWindowActive(window, patience); }
     Driver driver() { return Driver(*window); }
 
     bool open(const QUrl &url)

@@ -133,7 +133,7 @@ void SurfaceMouseTest::clickIsPosted()
     QFETCH(Mode, mode);
     VideoWindow video(size);
     video.view().setDisplayMode(mode);
-    QVERIFY(QTest::qWaitForWindowExposed(&video.window()));
+    QVERIFY(QTest::qWaitForWindowExposed(&video.window(), patience));
     const Clicks clicks;
     QTest::mousePress(&video.window(), Qt::LeftButton, {}, middle);
     QCOMPARE(clicks, QList<QWindow *>({ &video.window() }));
@@ -164,7 +164,7 @@ void SurfaceMouseTest::clickWithoutAWindow()
 void SurfaceMouseTest::otherButtons()
 {
     VideoWindow video(size);
-    QVERIFY(QTest::qWaitForWindowExposed(&video.window()));
+    QVERIFY(QTest::qWaitForWindowExposed(&video.window(), patience));
     const Clicks clicks;
     for (Qt::MouseButton button : { Qt::RightButton, Qt::MiddleButton }) {
         QTest::mouseClick(&video.window(), button, {}, middle);
@@ -179,7 +179,7 @@ void SurfaceMouseTest::doubleClickFillsTheScreen()
     QFETCH(Mode, mode);
     VideoWindow video(size);
     video.view().setDisplayMode(mode);
-    QVERIFY(QTest::qWaitForWindowExposed(&video.window()));
+    QVERIFY(QTest::qWaitForWindowExposed(&video.window(), patience));
     const Clicks clicks;
     // The press of a double click, and its release.
     QTest::mouseDClick(&video.window(), Qt::LeftButton, {}, middle);
@@ -238,7 +238,7 @@ void SurfaceMouseTest::dragPans()
 {
     VideoWindow video(size);
     video.view().setDisplayMode(Mode::Manual);
-    QVERIFY(QTest::qWaitForWindowExposed(&video.window()));
+    QVERIFY(QTest::qWaitForWindowExposed(&video.window(), patience));
     const PlayerHostingView &view = video.hostingView();
     QTest::mousePress(&video.window(), Qt::LeftButton, {}, middle);
     QCOMPARE(view.horizontalPan(), 0.0);
@@ -339,7 +339,7 @@ void SurfaceMouseTest::dragMovesTheWindow()
     QFETCH(Mode, mode);
     VideoWindow video(size);
     video.view().setDisplayMode(mode);
-    QVERIFY(QTest::qWaitForWindowActive(&video.window()));
+    QVERIFY(QTest::qWaitForWindowActive(&video.window(), patience));
     const Clicks clicks;
     const int before = xOnTheScreen(video.window());
     const QPoint start = video.window().mapToGlobal(middle);
@@ -368,7 +368,7 @@ void SurfaceMouseTest::doubleClickSurvivesADragOfNothing()
     QFETCH(Mode, mode);
     VideoWindow video(size);
     video.view().setDisplayMode(mode);
-    QVERIFY(QTest::qWaitForWindowActive(&video.window()));
+    QVERIFY(QTest::qWaitForWindowActive(&video.window(), patience));
     QStyleHints *settings = QGuiApplication::styleHints();
     const int interval = settings->mouseDoubleClickInterval();
     settings->setMouseDoubleClickInterval(patience);

@@ -1,5 +1,6 @@
 #include "sources/browser/YouTubeHostingView.h"
 
+#include "platform/WebScheme.h"
 #include "sources/browser/BrowserProfile.h"
 
 #include <QDesktopServices>
@@ -32,7 +33,7 @@ void YouTubeHostingView::load(const QUrl &url, const QByteArray &referer)
 
 void YouTubeHostingView::openOutside(const QUrl &link)
 {
-    if (link.scheme() == QLatin1StringView("https") || link.scheme() == QLatin1StringView("http"))
+    if (hasWebScheme(link))
         QDesktopServices::openUrl(link);
 }
 

@@ -132,7 +132,7 @@ QJsonValue PlayerWindow::valueInPage(const QString &expression)
     QMetaObject::invokeMethod(m_questioner.get(), "ask", Q_ARG(QVariant, QVariant::fromValue(view)),
         Q_ARG(QVariant, script));
     const auto answer = [this] { return m_questioner->property("answer").toString(); };
-    (void)QTest::qWaitFor([&answer] { return !answer().isEmpty(); });
+    (void)QTest::qWaitFor([&answer] { return !answer().isEmpty(); }, patience);
     return QJsonDocument::fromJson(answer().toUtf8()).object().value(QLatin1StringView("value"));
 }
 

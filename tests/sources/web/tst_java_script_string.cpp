@@ -1,3 +1,4 @@
+// Texts as parts of scripts.
 #include "HostileTexts.h"
 #include "sources/web/JavaScriptString.h"
 
