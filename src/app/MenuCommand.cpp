@@ -4,13 +4,10 @@
 
 namespace zeph {
 
-MenuCommand::MenuCommand(QObject *parent)
-    : QObject(parent)
-{
-}
+MenuCommand::MenuCommand(QObject *parent) : QObject(parent) { }
 
-MenuCommand::MenuCommand(QString title, const QKeySequence &keyEquivalent,
-    std::function<void()> action, QObject *parent)
+MenuCommand::MenuCommand(
+    QString title, const QKeySequence &keyEquivalent, std::function<void()> action, QObject *parent)
     : QObject(parent)
     , m_title(std::move(title))
     , m_keyEquivalent(keyEquivalent)

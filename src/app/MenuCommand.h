@@ -25,7 +25,7 @@ public:
     /// A divider.
     explicit MenuCommand(QObject *parent);
     MenuCommand(QString title, const QKeySequence &keyEquivalent, std::function<void()> action,
-                QObject *parent);
+        QObject *parent);
 
     const QString &title() const { return m_title; }
     void setTitle(const QString &title);

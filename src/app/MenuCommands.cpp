@@ -27,20 +27,22 @@ QString fullScreenTitle(const ContentView &content)
 } // namespace
 
 MenuCommands::MenuCommands(ContentView &content, QObject *parent)
-    : QObject(parent)
-    , m_model(*content.model())
+    : QObject(parent), m_model(*content.model())
 {
     PlayerModel &model = m_model;
     m_file = {
-        command(tr("Open Media…"), [&model] { model.openFile(); }, Qt::CTRL | Qt::Key_O),
+        command(
+            tr("Open Media…"), [&model] { model.openFile(); }, Qt::CTRL | Qt::Key_O),
         divider(),
-        command(tr("Quit"), [] { QCoreApplication::quit(); }, Qt::CTRL | Qt::Key_Q),
+        command(
+            tr("Quit"), [] { QCoreApplication::quit(); }, Qt::CTRL | Qt::Key_Q),
     };
 
     // Playing, stopping and skipping have keys of their own, which are not menu shortcuts: they
     // must not take effect while a text is edited.
     auto *play = command(playTitle(model), [&model] { model.togglePlayback(); });
-    auto *mute = command(muteTitle(model), [&model] { model.toggleMute(); }, Qt::CTRL | Qt::Key_M);
+    auto *mute = command(
+        muteTitle(model), [&model] { model.toggleMute(); }, Qt::CTRL | Qt::Key_M);
     m_playback = {
         play,
         command(tr("Stop"), [&model] { model.stop(); }),
@@ -54,15 +56,15 @@ MenuCommands::MenuCommands(ContentView &content, QObject *parent)
         mute,
     };
     connect(&model, &PlayerModel::isPlayingChanged, play,
-            [&model, play] { play->setTitle(playTitle(model)); });
+        [&model, play] { play->setTitle(playTitle(model)); });
     connect(&model, &PlayerModel::isMutedChanged, mute,
-            [&model, mute] { mute->setTitle(muteTitle(model)); });
+        [&model, mute] { mute->setTitle(muteTitle(model)); });
 
     auto *fullScreen = command(
         fullScreenTitle(content), [&content] { content.toggleFullScreen(); }, Qt::Key_F11);
     m_view = { fullScreen };
     connect(&content, &ContentView::isFullScreenChanged, fullScreen,
-            [&content, fullScreen] { fullScreen->setTitle(fullScreenTitle(content)); });
+        [&content, fullScreen] { fullScreen->setTitle(fullScreenTitle(content)); });
 }
 
 QList<MenuCommand *> MenuCommands::withKeys() const
@@ -72,8 +74,8 @@ QList<MenuCommand *> MenuCommands::withKeys() const
     return commands;
 }
 
-MenuCommand *MenuCommands::command(const QString &title, std::function<void()> action,
-                                   const QKeySequence &keyEquivalent)
+MenuCommand *MenuCommands::command(
+    const QString &title, std::function<void()> action, const QKeySequence &keyEquivalent)
 {
     return new MenuCommand(title, keyEquivalent, std::move(action), this);
 }

@@ -34,8 +34,8 @@ public:
     QList<MenuCommand *> withKeys() const;
 
 private:
-    MenuCommand *command(const QString &title, std::function<void()> action,
-                         const QKeySequence &keyEquivalent = {});
+    MenuCommand *command(
+        const QString &title, std::function<void()> action, const QKeySequence &keyEquivalent = {});
     MenuCommand *divider();
     MenuCommand *skipCommand(const QString &title, double seconds);
 

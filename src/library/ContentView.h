@@ -135,8 +135,8 @@ public:
     bool isMouseOverPlayer(const QWindow &window) const;
     bool isCursorHidden() const { return m_cursor.isHidden(); }
 
-    /// Whether something dragged over the window can be played: the first of `urls` is a file. If so,
-    /// its player loads while the mouse is still on its way.
+    /// Whether something dragged over the window can be played: the first of `urls` is a file. If
+    /// so, its player loads while the mouse is still on its way.
     Q_INVOKABLE bool acceptsDrop(const QList<QUrl> &urls) const;
     /// Plays the first file.
     Q_INVOKABLE void drop(const QList<QUrl> &urls);

@@ -11,8 +11,9 @@ namespace zeph {
 void returnFreedMemory()
 {
 #ifdef __GLIBC__
-    // One heap for all threads. With one each, what a thread freed is of no use to the others: lists
-    // of a million channels, each read by another thread, would leave as much behind as they took.
+    // One heap for all threads. With one each, what a thread freed is of no use to the others:
+    // lists of a million channels, each read by another thread, would leave as much behind as they
+    // took.
     ::mallopt(M_ARENA_MAX, 1);
     // These are limits in bytes. Unless they are set they grow to 32 MB and 64 MB, with the largest
     // block that is freed.

@@ -18,8 +18,8 @@ public:
     void schedule(std::function<void()> reload);
     void cancel();
 
-    /// The stream plays. A stream that then stays up for as long as the next delay has recovered: its
-    /// next drop starts from the first delay.
+    /// The stream plays. A stream that then stays up for as long as the next delay has recovered:
+    /// its next drop starts from the first delay.
     void streamStarted();
 
     /// A new item: forgets the drops of the last.

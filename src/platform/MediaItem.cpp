@@ -8,11 +8,7 @@
 
 namespace zeph {
 
-MediaItem::MediaItem(QUrl url, QObject *parent)
-    : QObject(parent)
-    , m_url(std::move(url))
-{
-}
+MediaItem::MediaItem(QUrl url, QObject *parent) : QObject(parent), m_url(std::move(url)) { }
 
 MediaItem::~MediaItem() = default;
 

@@ -30,8 +30,7 @@ constexpr ObservedProperty observedProperties[] = {
 
 } // namespace
 
-MediaPlayer::MediaPlayer(QObject *parent)
-    : QObject(parent)
+MediaPlayer::MediaPlayer(QObject *parent) : QObject(parent)
 {
     m_observerTimer.setInterval(timeObserverInterval);
     m_observerTimer.setTimerType(Qt::PreciseTimer);
@@ -68,13 +67,14 @@ void MediaPlayer::engineLoaded()
     });
     connect(m_client.get(), &MpvClient::fileLoaded, this, &MediaPlayer::onFileLoaded);
     connect(m_client.get(), &MpvClient::fileEnded, this, &MediaPlayer::onFileEnded);
-    connect(m_client.get(), &MpvClient::seekStarted, this, [this] { m_startedJump = m_queuedJump; });
+    connect(
+        m_client.get(), &MpvClient::seekStarted, this, [this] { m_startedJump = m_queuedJump; });
     connect(m_client.get(), &MpvClient::playbackRestarted, this, &MediaPlayer::onPlaybackRestarted);
     connect(m_client.get(), &MpvClient::propertyChanged, this,
-            [this](quint64 observation, const QByteArray &property, const QVariant &value) {
-                if (observation >> purposeBits == m_load)
-                    onPropertyChanged(property, value);
-            });
+        [this](quint64 observation, const QByteArray &property, const QVariant &value) {
+            if (observation >> purposeBits == m_load)
+                onPropertyChanged(property, value);
+        });
     connect(m_client.get(), &MpvClient::eventsDrained, this, &MediaPlayer::onReportsComplete);
     connect(m_client.get(), &MpvClient::answered, this, &MediaPlayer::onAnswer);
 

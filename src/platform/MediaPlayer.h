@@ -22,8 +22,8 @@ class MpvHandle;
 
 /// Plays one `MediaItem` at a time; one player serves for the life of the process.
 ///
-/// Every call returns at once. The engine's libraries are loaded in the background on first need, or
-/// on `prepare`; whatever is asked before they are there is done when they are. The player works
+/// Every call returns at once. The engine's libraries are loaded in the background on first need,
+/// or on `prepare`; whatever is asked before they are there is done when they are. The player works
 /// without a picture output and without a display; while one is attached (see `VideoLayer`), items
 /// wait until it can draw. Main thread only.
 class MediaPlayer : public QObject {
@@ -32,7 +32,8 @@ class MediaPlayer : public QObject {
 public:
     enum class TimeControlStatus {
         Paused,
-        WaitingToPlayAtSpecifiedRate, ///< Play is wanted, but nothing moves: loading, stalled, failed.
+        WaitingToPlayAtSpecifiedRate, ///< Play is wanted, but nothing moves: loading, stalled,
+                                      ///< failed.
         Playing,
     };
 
@@ -55,7 +56,8 @@ public:
     /// 0 or 1: what was asked for, also while an item loads, stalls or has failed. The end of an
     /// item sets it to 0.
     double rate() const { return m_playing ? 1 : 0; }
-    /// At the end of an item, plays it again from its beginning; an item that failed is tried again.
+    /// At the end of an item, plays it again from its beginning; an item that failed is tried
+    /// again.
     void play();
     void pause();
     TimeControlStatus timeControlStatus() const { return m_timeControlStatus; }
@@ -66,9 +68,9 @@ public:
     /// item that cannot be sought in, is left alone.
     void seek(double seconds);
 
-    /// Calls `observer` every `timeObserverInterval` while the item plays, and soon after time jumps,
-    /// playing starts or stops, or the size of the picture changes. While nothing moves nothing is
-    /// called. Returns a token for `removeTimeObserver`.
+    /// Calls `observer` every `timeObserverInterval` while the item plays, and soon after time
+    /// jumps, playing starts or stops, or the size of the picture changes. While nothing moves
+    /// nothing is called. Returns a token for `removeTimeObserver`.
     int addPeriodicTimeObserver(TimeObserver observer);
     void removeTimeObserver(int token);
 
@@ -90,12 +92,12 @@ private:
     friend class VideoLayer;
 
     enum class Stage {
-        Empty,   ///< No item.
-        Held,    ///< The item waits for the engine, or for the picture output.
+        Empty, ///< No item.
+        Held, ///< The item waits for the engine, or for the picture output.
         Opening, ///< The engine was told to open the item.
         Open,
-        Ended,   ///< Open, and at its end.
-        Failed,  ///< Could not be opened.
+        Ended, ///< Open, and at its end.
+        Failed, ///< Could not be opened.
         Dropped, ///< A live stream was lost; it is opened again while play is wanted.
     };
     /// What the engine last reported of the item that it has opened.
@@ -109,7 +111,7 @@ private:
         bool seekable = false;
         double width = 0;
         double height = 0;
-        double rotation = 0;      ///< Degrees, clockwise, that the engine has left to turn.
+        double rotation = 0; ///< Degrees, clockwise, that the engine has left to turn.
         double trackRotation = 0; ///< Degrees, clockwise, that the item asks for.
         double framesPerSecond = 0;
     };
@@ -180,10 +182,10 @@ private:
     TimeControlStatus m_timeControlStatus = TimeControlStatus::Paused;
     double m_currentTime = 0;
     quint64 m_jumps = 0; ///< Counts jumps in time: a position asked for before the last is stale.
-    quint64 m_queuedJump = 0;  ///< The last jump that the engine has taken note of.
+    quint64 m_queuedJump = 0; ///< The last jump that the engine has taken note of.
     quint64 m_startedJump = 0; ///< The last jump that it has begun with.
     std::optional<double> m_seekWhenOpen;
-    std::optional<double> m_seekTarget;  ///< Until the engine has landed there.
+    std::optional<double> m_seekTarget; ///< Until the engine has landed there.
     std::optional<double> m_lastLanding;
     double m_seekLead = 0; ///< Seconds before the target at which reading starts.
     double m_volume = 1;

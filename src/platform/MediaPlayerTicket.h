@@ -7,7 +7,17 @@ namespace zeph {
 
 // What is asked of the engine carries its purpose in the lowest bits, and above them the number of
 // the load or jump that it belongs to.
-enum class Purpose : quint64 { Load, Seek, Position, Landing, Duration, Seekable, FrameRate, Item, End };
+enum class Purpose : quint64 {
+    Load,
+    Seek,
+    Position,
+    Landing,
+    Duration,
+    Seekable,
+    FrameRate,
+    Item,
+    End
+};
 constexpr int purposeBits = 4;
 
 constexpr quint64 ticket(Purpose purpose, quint64 owner)

@@ -39,12 +39,12 @@ void MediaPlayer::seekInItem(double seconds)
     setCurrentTime(seconds);
     m_client->setNumber("hr-seek-demuxer-offset", m_seekLead);
     m_client->command({ "seek", QByteArray::number(target, 'f', 6), "absolute+exact" },
-                      ticket(Purpose::Seek, m_jumps));
+        ticket(Purpose::Seek, m_jumps));
 }
 
-// A container without an index (MPEG-TS is one) cannot tell where the last key picture before a time
-// is: reading starts somewhere before it, and the first picture may come too late. Then reading has
-// to start earlier, for the rest of the item.
+// A container without an index (MPEG-TS is one) cannot tell where the last key picture before a
+// time is: reading starts somewhere before it, and the first picture may come too late. Then
+// reading has to start earlier, for the rest of the item.
 void MediaPlayer::landed(double position)
 {
     constexpr double shortestLead = 1;
@@ -96,10 +96,12 @@ int MediaPlayer::addPeriodicTimeObserver(TimeObserver observer)
 
 void MediaPlayer::removeTimeObserver(int token)
 {
-    std::erase_if(m_observers, [token](const Observer &observer) { return observer.token == token; });
+    std::erase_if(
+        m_observers, [token](const Observer &observer) { return observer.token == token; });
 }
 
-// Later, and once for several causes: an observer sees the player between two changes, never within.
+// Later, and once for several causes: an observer sees the player between two changes, never
+// within.
 void MediaPlayer::notifyTimeObservers()
 {
     if (std::exchange(m_observersDue, true))

@@ -42,8 +42,7 @@ qint64 playlistEntry(const mpv_node &result)
 } // namespace
 
 MpvClient::MpvClient(std::shared_ptr<MpvHandle> handle, QObject *parent)
-    : QObject(parent)
-    , m_handle(std::move(handle))
+    : QObject(parent), m_handle(std::move(handle))
 {
     const auto wakeUp = [](void *client) { static_cast<MpvClient *>(client)->scheduleEvents(); };
     m_handle->library().set_wakeup_callback(m_handle->get(), wakeUp, this);

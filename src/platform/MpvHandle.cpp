@@ -50,18 +50,24 @@ constexpr Option options[] = {
     { "tls-verify", "yes" },
     { "demuxer", "lavf" },
     { "demuxer-lavf-o",
-      "protocol_whitelist=[http,https,httpproxy,tcp,tls,crypto,data,rtp,rtmp,udp,srt]" },
+        "protocol_whitelist=[http,https,httpproxy,tcp,tls,crypto,data,rtp,rtmp,udp,srt]" },
 };
 
-// Where sound can come from on a desktop, and silence. Left to itself the engine tries further ones,
-// which stand on these, when there is no sound device: that is 0.1 s before the first picture.
+// Where sound can come from on a desktop, and silence. Left to itself the engine tries further
+// ones, which stand on these, when there is no sound device: that is 0.1 s before the first
+// picture.
 constexpr const char *soundOutputs = "pipewire,pulse,alsa,jack,null";
 
 // The scripts that are built into libmpv, each a thread and a Lua state of its own, for a user
 // interface that we do not show. Which there are depends on the version.
 constexpr const char *builtInScripts[] = {
-    "load-stats-overlay", "load-osd-console", "load-console",     "load-auto-profiles",
-    "load-select",        "load-positioning", "load-commands",
+    "load-stats-overlay",
+    "load-osd-console",
+    "load-console",
+    "load-auto-profiles",
+    "load-select",
+    "load-positioning",
+    "load-commands",
 };
 
 bool setUp(const MpvLibrary &mpv, mpv_handle *handle)
@@ -97,8 +103,7 @@ std::shared_ptr<MpvHandle> MpvHandle::create()
 }
 
 MpvHandle::MpvHandle(const MpvLibrary &library, mpv_handle *handle)
-    : m_library(library)
-    , m_handle(handle)
+    : m_library(library), m_handle(handle)
 {
 }
 

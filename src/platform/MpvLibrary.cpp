@@ -6,8 +6,7 @@ namespace zeph {
 
 namespace {
 
-template<typename Function>
-bool resolve(QLibrary &library, const char *name, Function &function)
+template <typename Function> bool resolve(QLibrary &library, const char *name, Function &function)
 {
     function = reinterpret_cast<Function>(library.resolve(name));
     return function != nullptr;
@@ -34,7 +33,7 @@ bool resolveAll(QLibrary &library, MpvLibrary &mpv)
         && resolve(library, "mpv_render_context_free", mpv.render_context_free)
         && resolve(library, "mpv_render_context_get_info", mpv.render_context_get_info)
         && resolve(library, "mpv_render_context_set_update_callback",
-                   mpv.render_context_set_update_callback)
+            mpv.render_context_set_update_callback)
         && resolve(library, "mpv_render_context_update", mpv.render_context_update)
         && resolve(library, "mpv_render_context_render", mpv.render_context_render);
 }

@@ -29,7 +29,8 @@ struct MpvLibrary {
     decltype(&::mpv_render_context_create) render_context_create = nullptr;
     decltype(&::mpv_render_context_free) render_context_free = nullptr;
     decltype(&::mpv_render_context_get_info) render_context_get_info = nullptr;
-    decltype(&::mpv_render_context_set_update_callback) render_context_set_update_callback = nullptr;
+    decltype(&::mpv_render_context_set_update_callback) render_context_set_update_callback =
+        nullptr;
     decltype(&::mpv_render_context_update) render_context_update = nullptr;
     decltype(&::mpv_render_context_render) render_context_render = nullptr;
 

@@ -114,8 +114,7 @@ private:
     static void squeeze(QOpenGLFramebufferObject &from, QOpenGLFramebufferObject &to)
     {
         QOpenGLFramebufferObject::blitFramebuffer(&to, QRect(QPoint(), to.size()), &from,
-                                                  QRect(QPoint(), from.size()),
-                                                  GL_COLOR_BUFFER_BIT, GL_LINEAR);
+            QRect(QPoint(), from.size()), GL_COLOR_BUFFER_BIT, GL_LINEAR);
     }
 
     std::unique_ptr<QOpenGLFramebufferObject> m_target;
@@ -165,13 +164,13 @@ public:
         QOpenGLPixelTransferOptions layout;
         layout.setRowLength(int(m_stride / bytesPerPixel));
         m_texture->setData(QOpenGLTexture::RGBA, QOpenGLTexture::UInt8,
-                           static_cast<const void *>(m_pixels), &layout);
+            static_cast<const void *>(m_pixels), &layout);
     }
 
     QImage copy(QSize size) override
     {
         const QImage image(static_cast<const uchar *>(m_pixels), m_size.width(), m_size.height(),
-                           qsizetype(m_stride), QImage::Format_RGBX8888);
+            qsizetype(m_stride), QImage::Format_RGBX8888);
         // Averaging over all pixels of 2160p would take longer than drawing them. Those of the step
         // before the last are enough.
         const bool isLarge = image.width() > size.width() * 2 || image.height() > size.height() * 2;
@@ -204,8 +203,7 @@ std::unique_ptr<VideoCanvas> VideoCanvas::create(std::shared_ptr<MpvHandle> engi
 }
 
 VideoCanvas::VideoCanvas(std::shared_ptr<MpvHandle> engine, mpv_render_context *context)
-    : m_engine(std::move(engine))
-    , m_context(context)
+    : m_engine(std::move(engine)), m_context(context)
 {
 }
 

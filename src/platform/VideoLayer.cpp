@@ -8,8 +8,7 @@
 
 namespace zeph {
 
-VideoLayer::VideoLayer(QQuickItem *parent)
-    : QQuickItem(parent)
+VideoLayer::VideoLayer(QQuickItem *parent) : QQuickItem(parent)
 {
     setFlag(ItemHasContents);
 }
@@ -46,8 +45,8 @@ void VideoLayer::setGravity(VideoGravity gravity)
     update();
 }
 
-// The main thread stands still while this runs, so the player may be looked at; it may not be called,
-// because what it does in answer belongs in the main thread.
+// The main thread stands still while this runs, so the player may be looked at; it may not be
+// called, because what it does in answer belongs in the main thread.
 QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
     auto *video = static_cast<VideoNode *>(node);
@@ -62,15 +61,16 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
     if (!video) {
         std::unique_ptr<VideoCanvas> canvas = createCanvas();
         if (!canvas) {
-            QMetaObject::invokeMethod(m_player, &MediaPlayer::videoOutputLost, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                m_player, &MediaPlayer::videoOutputLost, Qt::QueuedConnection);
             return nullptr;
         }
         video = new VideoNode(window(), std::move(canvas));
         connect(video, &VideoNode::pictureDue, this, &QQuickItem::update, Qt::QueuedConnection);
-        connect(video, &VideoNode::pictureCopied, this, &VideoLayer::deliverCopy,
-                Qt::QueuedConnection);
+        connect(
+            video, &VideoNode::pictureCopied, this, &VideoLayer::deliverCopy, Qt::QueuedConnection);
         connect(video, &QObject::destroyed, m_player, &MediaPlayer::videoOutputLost,
-                Qt::QueuedConnection);
+            Qt::QueuedConnection);
     }
     if (!m_player->hasVideoOutput()) {
         const auto ready = [player = m_player.data(), openGL = video->canvas().usesOpenGL()] {
@@ -79,16 +79,16 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
         QMetaObject::invokeMethod(m_player, ready, Qt::QueuedConnection);
     }
     video->setGeometry({ .layer = size(),
-                         .picture = pictureSize(),
-                         .devicePixelRatio = window()->effectiveDevicePixelRatio(),
-                         .rotation = m_player->pictureRotation(),
-                         .isOnPixels = m_gravity == VideoGravity::ResizeAspect });
+        .picture = pictureSize(),
+        .devicePixelRatio = window()->effectiveDevicePixelRatio(),
+        .rotation = m_player->pictureRotation(),
+        .isOnPixels = m_gravity == VideoGravity::ResizeAspect });
     const MediaItem *item = m_player->currentItem();
     video->setPictureShown(item != nullptr);
     MediaItemVideoOutput *output = item ? item->videoOutput() : nullptr;
     if (output)
         connect(output, &MediaItemVideoOutput::copyWanted, this, &QQuickItem::update,
-                Qt::UniqueConnection);
+            Qt::UniqueConnection);
     video->setTap(output ? output->tap() : nullptr);
     return video;
 }
@@ -100,8 +100,8 @@ std::unique_ptr<VideoCanvas> VideoLayer::createCanvas() const
     return VideoCanvas::create(m_player->engine());
 }
 
-// The engine letterboxes by itself. To cover the layer it would have to be told, and would do so some
-// pictures later: it gets a canvas of the picture's own shape instead.
+// The engine letterboxes by itself. To cover the layer it would have to be told, and would do so
+// some pictures later: it gets a canvas of the picture's own shape instead.
 QSizeF VideoLayer::pictureSize() const
 {
     const MediaItem *item = m_player->currentItem();

@@ -13,7 +13,7 @@ class VideoCanvas;
 
 /// How a picture of another shape than its layer is fitted in.
 enum class VideoGravity {
-    ResizeAspect,     ///< Whole, letterboxed in black.
+    ResizeAspect, ///< Whole, letterboxed in black.
     ResizeAspectFill, ///< Covering the layer, the same cut off on both sides.
 };
 

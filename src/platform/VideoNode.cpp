@@ -41,8 +41,9 @@ int largestTexture()
     return size;
 }
 
-// A picture that is very long must be drawn smaller. The engine adds black bars where a canvas is not
-// of the picture's shape: so the short side, where a pixel counts, is a whole number from the start.
+// A picture that is very long must be drawn smaller. The engine adds black bars where a canvas is
+// not of the picture's shape: so the short side, where a pixel counts, is a whole number from the
+// start.
 QSize canvasSize(QSizeF pixels, int largest)
 {
     const double longSide = std::max(pixels.width(), pixels.height());
@@ -56,24 +57,22 @@ QSize canvasSize(QSizeF pixels, int largest)
 QRectF middle(QSize canvas, QSizeF part, QSizeF whole)
 {
     const QSizeF size(canvas.width() * part.width() / whole.width(),
-                      canvas.height() * part.height() / whole.height());
+        canvas.height() * part.height() / whole.height());
     return { QPointF((canvas.width() - size.width()) / 2, (canvas.height() - size.height()) / 2),
-             size };
+        size };
 }
 
 } // namespace
 
 VideoNode::VideoNode(QQuickWindow *window, std::unique_ptr<VideoCanvas> canvas)
-    : m_window(window)
-    , m_canvas(std::move(canvas))
-    , m_largestTexture(largestTexture())
+    : m_window(window), m_canvas(std::move(canvas)), m_largestTexture(largestTexture())
 {
     m_picture.setFlag(OwnedByParent, false);
     m_picture.setOwnsTexture(true);
     m_canvas->setUpdateCallback(
         [](void *node) { Q_EMIT static_cast<VideoNode *>(node)->pictureDue(); }, this);
     connect(m_window, &QQuickWindow::beforeRendering, this, &VideoNode::drawPicture,
-            Qt::DirectConnection);
+        Qt::DirectConnection);
 }
 
 void VideoNode::setGeometry(const Geometry &geometry)
@@ -144,8 +143,7 @@ void VideoNode::drawPicture()
 void VideoNode::copyPicture()
 {
     const bool sideways = m_rotation % 180 != 0;
-    const QImage copy
-        = m_canvas->copy(sideways ? m_tap->copySize.transposed() : m_tap->copySize);
+    const QImage copy = m_canvas->copy(sideways ? m_tap->copySize.transposed() : m_tap->copySize);
     m_tap->putCopy(m_rotation == 0 ? copy : copy.transformed(QTransform().rotate(m_rotation)));
     Q_EMIT pictureCopied();
 }

@@ -25,10 +25,11 @@ public:
     const VideoCanvas &canvas() const { return *m_canvas; }
 
     struct Geometry {
-        QSizeF layer;   ///< What is seen.
+        QSizeF layer; ///< What is seen.
         QSizeF picture; ///< The whole picture, of which the layer shows the middle.
         double devicePixelRatio;
-        int rotation;    ///< Degrees clockwise, a multiple of 90, by which the engine's is to be turned.
+        int rotation; ///< Degrees clockwise, a multiple of 90, by which the engine's is to be
+                      ///< turned.
         bool isOnPixels; ///< The layer's pixels lie on the screen's.
     };
     void setGeometry(const Geometry &geometry);

@@ -39,9 +39,10 @@ PlayerModel::PlayerModel(FilePanels &panels, QObject *parent)
     , m_mediaLoadID(QUuid::createUuid())
     , m_remoteRequestID(QUuid::createUuid())
 {
-    m_timeObserver = m_player.addPeriodicTimeObserver([this](double seconds) { observeTime(seconds); });
+    m_timeObserver =
+        m_player.addPeriodicTimeObserver([this](double seconds) { observeTime(seconds); });
     connect(&m_player, &MediaPlayer::timeControlStatusChanged, this,
-            &PlayerModel::refreshBufferingState, Qt::QueuedConnection);
+        &PlayerModel::refreshBufferingState, Qt::QueuedConnection);
 }
 
 PlayerModel::~PlayerModel()
@@ -49,7 +50,8 @@ PlayerModel::~PlayerModel()
     m_player.removeTimeObserver(m_timeObserver);
 }
 
-void PlayerModel::play(const QUrl &url, const std::optional<QString> &displayName, bool isLiveStream)
+void PlayerModel::play(
+    const QUrl &url, const std::optional<QString> &displayName, bool isLiveStream)
 {
     publish(m_currentURL, url, &PlayerModel::currentURLChanged);
     clearAspectRatio();
@@ -57,7 +59,8 @@ void PlayerModel::play(const QUrl &url, const std::optional<QString> &displayNam
     publish(m_youtubeContent, {}, &PlayerModel::youtubeContentChanged);
     publish(m_okVideoContent, {}, &PlayerModel::okVideoContentChanged);
     publish(m_errorMessage, {}, &PlayerModel::errorMessageChanged);
-    publish(m_title, displayName ? *displayName : titleFromAddress(url), &PlayerModel::titleChanged);
+    publish(
+        m_title, displayName ? *displayName : titleFromAddress(url), &PlayerModel::titleChanged);
     m_lastPlayableSource = LastMedia { url, m_title, isLiveStream };
     publish(m_isLiveStream, isLiveStream, &PlayerModel::isLiveStreamChanged);
     hideBufferingIndicator();
@@ -101,7 +104,8 @@ void PlayerModel::togglePlayback()
         YouTubePlayerRegistry::shared().evaluate(QStringLiteral("zephToggle();"));
         publish(m_isPlaying, !m_isPlaying, &PlayerModel::isPlayingChanged);
     } else if (m_okVideoContent) {
-        OKVideoPlayerRegistry::shared().evaluate(onOKVideo(QStringLiteral("v.paused?v.play():v.pause();")));
+        OKVideoPlayerRegistry::shared().evaluate(
+            onOKVideo(QStringLiteral("v.paused?v.play():v.pause();")));
         publish(m_isPlaying, !m_isPlaying, &PlayerModel::isPlayingChanged);
     } else if (m_player.currentItem()) {
         if (m_player.rate() <= 0)
@@ -151,8 +155,8 @@ void PlayerModel::setVolume(double value)
         YouTubePlayerRegistry::shared().evaluate(
             QStringLiteral("zephSetVolume(%1);").arg(javaScriptNumber(m_volume)));
     } else if (m_okVideoContent) {
-        OKVideoPlayerRegistry::shared().evaluate(
-            onOKVideo(QStringLiteral("v.muted=false;v.volume=%1;").arg(javaScriptNumber(m_volume))));
+        OKVideoPlayerRegistry::shared().evaluate(onOKVideo(
+            QStringLiteral("v.muted=false;v.volume=%1;").arg(javaScriptNumber(m_volume))));
     } else {
         m_player.setVolume(m_volume);
         m_player.setMuted(m_isMuted);

@@ -56,7 +56,7 @@ class PlayerModel : public QObject {
     Q_PROPERTY(QUuid mediaLoadID READ mediaLoadID NOTIFY mediaLoadIDChanged)
     /// The load for which `videoAspectRatio` was measured; null when for none.
     Q_PROPERTY(QUuid videoAspectMediaLoadID READ videoAspectMediaLoadID NOTIFY
-                   videoAspectMediaLoadIDChanged)
+            videoAspectMediaLoadIDChanged)
     /// The current native item was opened as a live stream.
     Q_PROPERTY(bool isLiveStream READ isLiveStream NOTIFY isLiveStreamChanged)
     /// The buffering indicator is to be shown.
@@ -173,8 +173,7 @@ private:
     using Signal = void (PlayerModel::*)();
 
     /// Gives a published property its value, and tells the observers when that is a new one.
-    template<typename Value>
-    void publish(Value &property, const Value &value, Signal changed);
+    template <typename Value> void publish(Value &property, const Value &value, Signal changed);
 
     QVariant youtubeContentValue() const;
     QVariant okVideoContentValue() const;
@@ -184,13 +183,13 @@ private:
     void clearAspectRatio();
     void beginWebLoad();
     void showWebContent(const std::optional<YouTubeContent> &youtube,
-                        const std::optional<OKVideoContent> &okVideo, const QString &title);
+        const std::optional<OKVideoContent> &okVideo, const QString &title);
 
     void loadM3U(const QUrl &url, const QString &displayName, QUuid requestID);
-    void readM3U(const QByteArray &bytes, const QUrl &url, const QString &displayName,
-                 QUuid requestID);
-    void finishLoading(const QList<PlaylistEntry> &entries, const QString &displayName,
-                       QUuid requestID);
+    void readM3U(
+        const QByteArray &bytes, const QUrl &url, const QString &displayName, QUuid requestID);
+    void finishLoading(
+        const QList<PlaylistEntry> &entries, const QString &displayName, QUuid requestID);
     void failLoading(const QString &errorText, QUuid requestID);
     std::nullopt_t failImport(const QString &errorText);
 
@@ -236,7 +235,7 @@ private:
     std::optional<LastPlayableSource> m_lastPlayableSource;
 };
 
-template<typename Value>
+template <typename Value>
 void PlayerModel::publish(Value &property, const Value &value, Signal changed)
 {
     if (property == value)

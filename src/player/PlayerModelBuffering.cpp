@@ -13,10 +13,10 @@ constexpr std::chrono::milliseconds indicatorDelay { 450 };
 // The slots run after the item has settled, not within its change.
 void PlayerModel::observeBuffering(const MediaItem &item)
 {
-    connect(&item, &MediaItem::playbackBufferEmptyChanged, this, &PlayerModel::refreshBufferingState,
-            Qt::QueuedConnection);
+    connect(&item, &MediaItem::playbackBufferEmptyChanged, this,
+        &PlayerModel::refreshBufferingState, Qt::QueuedConnection);
     connect(&item, &MediaItem::playbackLikelyToKeepUpChanged, this,
-            &PlayerModel::refreshBufferingState, Qt::QueuedConnection);
+        &PlayerModel::refreshBufferingState, Qt::QueuedConnection);
     QMetaObject::invokeMethod(this, &PlayerModel::refreshBufferingState, Qt::QueuedConnection);
 }
 

@@ -24,7 +24,7 @@ void PlayerModel::show(const OKVideoContent &content, const QString &title)
 }
 
 void PlayerModel::showWebContent(const std::optional<YouTubeContent> &youtube,
-                                 const std::optional<OKVideoContent> &okVideo, const QString &title)
+    const std::optional<OKVideoContent> &okVideo, const QString &title)
 {
     m_player.pause();
     m_player.replaceCurrentItem(nullptr);
@@ -61,7 +61,7 @@ void PlayerModel::replayLastSourceOrShowToast()
 {
     if (!m_lastPlayableSource) {
         showToast(tr("No media or URL is available. Open a file or enter a stream URL."),
-                  nothingToPlayToastNanoseconds);
+            nothingToPlayToastNanoseconds);
         return;
     }
     const auto replay = [this](const auto &source) {

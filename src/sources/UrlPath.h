@@ -34,8 +34,8 @@ bool isOnDomain(const QUrl &url, QLatin1StringView domain);
 /// item or it is blank.
 std::optional<QString> queryValue(const QUrl &url, const QString &name);
 
-/// `text` without the white space at both ends, and without byte-order marks there, which come along
-/// when text is copied from files.
+/// `text` without the white space at both ends, and without byte-order marks there, which come
+/// along when text is copied from files.
 QString trimmedText(const QString &text);
 
 /// `text` trimmed so, or nothing when that leaves nothing.

@@ -39,7 +39,7 @@ private Q_SLOTS:
         ContentView content(model, m_defaults, m_panels);
         const MenuCommands menus(content);
         const QStringList expected { QStringLiteral("Open Media… (Ctrl+O)"), QStringLiteral("-"),
-                                     QStringLiteral("Quit (Ctrl+Q)") };
+            QStringLiteral("Quit (Ctrl+Q)") };
         QCOMPARE(lines(menus.file()), expected);
         m_panels.shown.clear();
         menus.file()[0]->trigger();
@@ -72,9 +72,8 @@ private Q_SLOTS:
         ContentView content(model, m_defaults, m_panels);
         const MenuCommands menus(content);
         const QStringList expected { QStringLiteral("Open Media… (Ctrl+O)"),
-                                     QStringLiteral("Quit (Ctrl+Q)"),
-                                     QStringLiteral("Mute (Ctrl+M)"),
-                                     QStringLiteral("Enter Full Screen (F11)") };
+            QStringLiteral("Quit (Ctrl+Q)"), QStringLiteral("Mute (Ctrl+M)"),
+            QStringLiteral("Enter Full Screen (F11)") };
         QCOMPARE(lines(menus.withKeys()), expected);
     }
 
@@ -102,8 +101,7 @@ private Q_SLOTS:
         QCOMPARE(menus.playback()[0]->title(), QStringLiteral("Play"));
         menus.playback()[0]->trigger();
         QCOMPARE(model.toastMessage(),
-                 QStringLiteral(
-                     "No media or URL is available. Open a file or enter a stream URL."));
+            QStringLiteral("No media or URL is available. Open a file or enter a stream URL."));
         QCOMPARE(menus.playback()[0]->title(), QStringLiteral("Play"));
     }
 
@@ -154,13 +152,13 @@ private Q_SLOTS:
             return QUrl::fromLocalFile(QDir::currentPath() + u'/' + name);
         };
         QCOMPARE(addressFromArgument(QStringLiteral("a film.mkv")),
-                 inFolder(QStringLiteral("a film.mkv")));
+            inFolder(QStringLiteral("a film.mkv")));
         QCOMPARE(addressFromArgument(QStringLiteral("/a/b.mkv")),
-                 QUrl::fromLocalFile(QStringLiteral("/a/b.mkv")));
+            QUrl::fromLocalFile(QStringLiteral("/a/b.mkv")));
         QCOMPARE(addressFromArgument(QStringLiteral("file:///a/b%20c.mkv")),
-                 QUrl::fromLocalFile(QStringLiteral("/a/b c.mkv")));
+            QUrl::fromLocalFile(QStringLiteral("/a/b c.mkv")));
         QCOMPARE(addressFromArgument(QStringLiteral("https://host.example/x?y=z")),
-                 QUrl(QStringLiteral("https://host.example/x?y=z")));
+            QUrl(QStringLiteral("https://host.example/x?y=z")));
         QFile odd(QStringLiteral("100% #1.mp4"));
         QVERIFY(odd.open(QIODevice::WriteOnly));
         QCOMPARE(addressFromArgument(odd.fileName()), inFolder(odd.fileName()));

@@ -5,7 +5,6 @@
 #include "support/StandInPanels.h"
 #include "support/TestServer.h"
 
-
 #include <clocale>
 
 using namespace zeph;

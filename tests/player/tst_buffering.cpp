@@ -1,8 +1,8 @@
 // When the buffering indicator shows, over a stream that really stalls.
 #include "player/PlayerModel.h"
+#include "support/EngineTest.h"
 #include "support/Patience.h"
 #include "support/StandInPanels.h"
-#include "support/EngineTest.h"
 #include "support/TestServer.h"
 
 #include <QElapsedTimer>
@@ -82,8 +82,7 @@ private Q_SLOTS:
         QSignalSpy buffering(&model, &PlayerModel::isBufferingChanged);
         model.play(server.url(path), std::nullopt, false);
         QVERIFY(playsPast(*model.player(), 0));
-        QTRY_VERIFY(
-            model.player()->timeControlStatus() == Status::WaitingToPlayAtSpecifiedRate);
+        QTRY_VERIFY(model.player()->timeControlStatus() == Status::WaitingToPlayAtSpecifiedRate);
         QVERIFY(!buffering.wait(3 * delay));
         QCOMPARE(model.player()->timeControlStatus(), Status::WaitingToPlayAtSpecifiedRate);
         QCOMPARE(buffering.size(), 0);

@@ -16,8 +16,8 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-const QString nothingToPlay
-    = QStringLiteral("No media or URL is available. Open a file or enter a stream URL.");
+const QString nothingToPlay =
+    QStringLiteral("No media or URL is available. Open a file or enter a stream URL.");
 
 QUrl clip(const QString &name)
 {
@@ -100,12 +100,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("address");
         QTest::addColumn<QString>("title");
-        QTest::newRow("plain") << "http://127.0.0.1:9/a/b.mp4" << "b.mp4";
-        QTest::newRow("escapes") << "http://127.0.0.1:9/My%20Clip%20%C3%A9.mp4" << "My Clip é.mp4";
-        QTest::newRow("query") << "http://127.0.0.1:9/live.m3u8?a=b" << "live.m3u8";
+        QTest::newRow("plain") << "http://127.0.0.1:9/a/b.mp4"
+                               << "b.mp4";
+        QTest::newRow("escapes") << "http://127.0.0.1:9/My%20Clip%20%C3%A9.mp4"
+                                 << "My Clip é.mp4";
+        QTest::newRow("query") << "http://127.0.0.1:9/live.m3u8?a=b"
+                               << "live.m3u8";
         QTest::newRow("not text") << "http://127.0.0.1:9/%FF%FE.mp4"
                                   << "http://127.0.0.1:9/%FF%FE.mp4";
-        QTest::newRow("slash at the end") << "http://127.0.0.1:9/a/" << "a";
+        QTest::newRow("slash at the end") << "http://127.0.0.1:9/a/"
+                                          << "a";
     }
 
     void titleFromAddress()
@@ -308,10 +312,10 @@ private Q_SLOTS:
         QTest::newRow("empty") << QUrl();
         QTest::newRow("invalid") << QUrl(QStringLiteral("http://["));
         QTest::newRow("relative") << QUrl(QStringLiteral("a.mp4"));
-        QTest::newRow("huge") << QUrl(QStringLiteral("http://127.0.0.1:9/")
-                                      + QString(1'000'000, u'x'));
-        QTest::newRow("odd Unicode") << QUrl::fromLocalFile(
-            QStringLiteral("/\u202E\u200B\u0301\uFFFF") + QChar(0xD800));
+        QTest::newRow("huge") << QUrl(
+            QStringLiteral("http://127.0.0.1:9/") + QString(1'000'000, u'x'));
+        QTest::newRow("odd Unicode")
+            << QUrl::fromLocalFile(QStringLiteral("/\u202E\u200B\u0301\uFFFF") + QChar(0xD800));
         QTest::newRow("unknown scheme") << QUrl(QStringLiteral("edl://x"));
         QTest::newRow("folder") << QUrl::fromLocalFile(QStringLiteral("/tmp"));
     }
@@ -335,7 +339,7 @@ private Q_SLOTS:
         m_panels.answer = std::nullopt;
         QRandomGenerator random(5);
         const QStringList clips { QStringLiteral("colours.mp4"), QStringLiteral("numbered-60.ts"),
-                                  QStringLiteral("missing.mp4") };
+            QStringLiteral("missing.mp4") };
         for (int i = 0; i < 400; ++i) {
             switch (random.bounded(9)) {
             case 0:

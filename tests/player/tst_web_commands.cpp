@@ -1,6 +1,6 @@
 // The scripts that the model sends to the web players.
-#include "RecordingPage.h"
 #include "player/PlayerModel.h"
+#include "RecordingPage.h"
 #include "sources/WebPlayerRegistry.h"
 #include "support/Patience.h"
 #include "support/StandInPanels.h"
@@ -54,9 +54,12 @@ private Q_SLOTS:
         model.setVolume(0.35);
         QVERIFY2(m_youtubePage.scripts.isEmpty(), "scripts run later, never within the call");
         const QStringList expected {
-            QStringLiteral("zephToggle();"),        QStringLiteral("zephToggle();"),
-            QStringLiteral("zephSkip(5.0);"),       QStringLiteral("zephSkip(-20.0);"),
-            QStringLiteral("zephSetMuted(true);"),  QStringLiteral("zephSetMuted(false);"),
+            QStringLiteral("zephToggle();"),
+            QStringLiteral("zephToggle();"),
+            QStringLiteral("zephSkip(5.0);"),
+            QStringLiteral("zephSkip(-20.0);"),
+            QStringLiteral("zephSetMuted(true);"),
+            QStringLiteral("zephSetMuted(false);"),
             QStringLiteral("zephSetVolume(0.35);"),
         };
         QTRY_COMPARE(m_youtubePage.scripts, expected);

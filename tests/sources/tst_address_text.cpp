@@ -1,6 +1,6 @@
 // What becomes of addresses as people and lists write them.
-#include "sources/AddressText.h"
 #include "sources/AddressResolver.h"
+#include "sources/AddressText.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 // Which addresses are videos of OK.
-#include "sources/OKVideoContent.h"
 #include "sources/OddAddresses.h"
+#include "sources/OKVideoContent.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 // What is read from lists.
-#include "sources/PlaylistParser.h"
 #include "sources/AwkwardLists.h"
+#include "sources/PlaylistParser.h"
 
 #include <QSet>
 #include <QTest>

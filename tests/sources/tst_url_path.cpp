@@ -86,16 +86,26 @@ void UrlPathTest::splitsOffTheExtension_data()
     QTest::addColumn<QUrl>("address");
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("extension");
-    QTest::newRow("plain") << url("http://h/a/list.M3u?x.y#z.w") << "list" << "M3u";
-    QTest::newRow("two dots") << url("file:///a/b.c.m3u") << "b.c" << "m3u";
-    QTest::newRow("escaped") << url("http://h/my%20list%2Em3u") << "my list" << "m3u";
-    QTest::newRow("slash at the end") << url("http://h/list.m3u/") << "list" << "m3u";
-    QTest::newRow("none") << url("http://h.m3u/list") << "list" << "";
-    QTest::newRow("dot at the end") << url("http://h/list.") << "list" << "";
-    QTest::newRow("dot at the start") << url("http://h/.m3u") << ".m3u" << "";
-    QTest::newRow("in a folder") << url("http://h/a.m3u/list") << "list" << "";
-    QTest::newRow("no path") << url("http://h.m3u") << "" << "";
-    QTest::newRow("no address") << QUrl() << "" << "";
+    QTest::newRow("plain") << url("http://h/a/list.M3u?x.y#z.w") << "list"
+                           << "M3u";
+    QTest::newRow("two dots") << url("file:///a/b.c.m3u") << "b.c"
+                              << "m3u";
+    QTest::newRow("escaped") << url("http://h/my%20list%2Em3u") << "my list"
+                             << "m3u";
+    QTest::newRow("slash at the end") << url("http://h/list.m3u/") << "list"
+                                      << "m3u";
+    QTest::newRow("none") << url("http://h.m3u/list") << "list"
+                          << "";
+    QTest::newRow("dot at the end") << url("http://h/list.") << "list"
+                                    << "";
+    QTest::newRow("dot at the start") << url("http://h/.m3u") << ".m3u"
+                                      << "";
+    QTest::newRow("in a folder") << url("http://h/a.m3u/list") << "list"
+                                 << "";
+    QTest::newRow("no path") << url("http://h.m3u") << ""
+                             << "";
+    QTest::newRow("no address") << QUrl() << ""
+                                << "";
 }
 
 void UrlPathTest::splitsOffTheExtension()

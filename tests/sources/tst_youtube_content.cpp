@@ -1,6 +1,6 @@
 // Which addresses are videos of YouTube.
-#include "sources/YouTubeContent.h"
 #include "sources/OddAddresses.h"
+#include "sources/YouTubeContent.h"
 
 #include <QTest>
 

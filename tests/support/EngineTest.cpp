@@ -43,8 +43,8 @@ MediaItem *open(MediaPlayer &player, const QUrl &url)
 
 MediaItem::Status settledStatus(const MediaItem *item)
 {
-    (void)QTest::qWaitFor([item] { return item->status() != MediaItem::Status::Unknown; },
-        patience);
+    (void)QTest::qWaitFor(
+        [item] { return item->status() != MediaItem::Status::Unknown; }, patience);
     return item->status();
 }
 

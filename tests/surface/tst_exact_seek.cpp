@@ -52,7 +52,8 @@ private Q_SLOTS:
         }
     }
 
-    // Two pictures a second leave time to see the first one after the seek, however slow the machine.
+    // Two pictures a second leave time to see the first one after the seek, however slow the
+    // machine.
     void playing()
     {
         constexpr double framesPerSecond = 2;

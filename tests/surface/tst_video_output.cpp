@@ -6,7 +6,6 @@
 
 #include "platform/MediaItemVideoOutput.h"
 
-
 using namespace zeph;
 
 namespace {
