@@ -64,6 +64,14 @@ ZephPlayerApp::ZephPlayerApp()
     m_appDelegate.applicationDidFinishLaunching();
     QObject::connect(&m_player, &PlayerModel::isPlayingChanged, &m_sleepInhibitor,
         [this] { m_sleepInhibitor.setInhibiting(m_player.isPlaying()); });
+    for (const auto change : { &PlayerModel::currentURLChanged, &PlayerModel::playlistChanged,
+             &PlayerModel::youtubeContentChanged, &PlayerModel::okVideoContentChanged })
+        QObject::connect(&m_player, change, &m_view, [this] { tidyUpWhenSettled(); });
+}
+
+void ZephPlayerApp::tidyUpWhenSettled()
+{
+    m_tidying.start(std::chrono::seconds(1), returnScatteredMemory);
 }
 
 void ZephPlayerApp::preparePlayer()

@@ -5,6 +5,7 @@
 #include "app/MprisService.h"
 #include "app/ZephApplicationDelegate.h"
 #include "library/ContentView.h"
+#include "platform/Delay.h"
 #include "platform/DesktopAppearance.h"
 #include "platform/FilePanels.h"
 #include "platform/SleepInhibitor.h"
@@ -35,9 +36,12 @@ public:
     void openUrl(const QUrl &url);
 
 private:
+    /// Gives memory back once what was open before has been put away.
+    void tidyUpWhenSettled();
     /// Says so, and ends the program with a failure.
     void tellThatNothingCanBeDrawn(const QString &reason);
 
+    Delay m_tidying;
     ZephApplicationDelegate m_appDelegate;
     DesktopAppearance m_appearance;
     DesktopFilePanels m_panels;

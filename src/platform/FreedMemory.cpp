@@ -1,5 +1,7 @@
 #include "platform/FreedMemory.h"
 
+#include <QThreadPool>
+
 #include <cstdlib>
 
 #ifdef __GLIBC__
@@ -20,6 +22,13 @@ void returnFreedMemory()
     constexpr int limit = 1024 * 1024;
     ::mallopt(M_MMAP_THRESHOLD, limit);
     ::mallopt(M_TRIM_THRESHOLD, limit);
+#endif
+}
+
+void returnScatteredMemory()
+{
+#ifdef __GLIBC__
+    QThreadPool::globalInstance()->start([] { ::malloc_trim(0); });
 #endif
 }
 

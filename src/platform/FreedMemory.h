@@ -9,4 +9,8 @@ namespace zeph {
 /// called before other threads start.
 void returnFreedMemory();
 
+/// Gives back, in another thread, the pages that lie free between blocks in use. What comes next
+/// would have use for them, so this is for when nothing has come for a while.
+void returnScatteredMemory();
+
 } // namespace zeph

@@ -1,10 +1,14 @@
 // What is freed goes back to the system.
 #include "platform/FreedMemory.h"
 
+#include "support/Patience.h"
+
+#include <QFile>
 #include <QTest>
 
 #include <malloc.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 using namespace zeph;
@@ -18,6 +22,15 @@ size_t heldMemory()
 {
     const auto info = ::mallinfo2();
     return info.arena + info.hblkhd;
+}
+
+/// Bytes of memory that this process takes up now.
+size_t residentMemory()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return file.readAll().split(' ').at(1).toULong() * size_t(::sysconf(_SC_PAGESIZE));
 }
 
 void useAndFree(size_t blockSize, int count)
@@ -57,6 +70,24 @@ private Q_SLOTS:
         for (int i = 0; i < 8; ++i)
             std::thread(useMuch).join();
         QVERIFY(heldMemory() < before + 8 * mebibyte);
+    }
+
+    void whatLiesBetweenBlocksInUseGoesBackWhenAskedFor()
+    {
+        constexpr int count = 1024;
+        std::vector<std::vector<char>> blocks;
+        for (int i = 0; i < count; ++i)
+            blocks.emplace_back(mebibyte / 16, 'x');
+        for (int i = 0; i < count; ++i) {
+            if (i % 4 != 0)
+                std::vector<char>().swap(blocks[i]);
+        }
+        const size_t before = residentMemory();
+        QVERIFY(before > 60 * mebibyte);
+        returnScatteredMemory();
+        QTRY_VERIFY(residentMemory() < before - 40 * mebibyte);
+        QCOMPARE(blocks.back().size(), size_t(0));
+        QCOMPARE(blocks.front().back(), 'x');
     }
 };
 

@@ -1,6 +1,7 @@
 #include "PlayerWindow.h"
 
 #include "platform/RunTimeModules.h"
+#include "support/Patience.h"
 
 #include <QGuiApplication>
 #include <QJsonDocument>
