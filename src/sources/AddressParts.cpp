@@ -1,5 +1,7 @@
 #include "sources/AddressParts.h"
 
+#include "sources/LastByte.h"
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -63,7 +65,7 @@ QByteArray withoutDotSegments(QByteArrayView path)
     QByteArray output;
     output.reserve(path.size());
     const auto dropLastSegment = [&output] {
-        output.truncate(std::max<qsizetype>(output.lastIndexOf('/'), 0));
+        output.truncate(std::max<qsizetype>(lastIndexOf(output, '/'), 0));
     };
     while (!path.isEmpty()) {
         if (path.startsWith("../")) {

@@ -2,6 +2,7 @@
 
 #include "platform/Ascii.h"
 #include "sources/AddressParts.h"
+#include "sources/LastByte.h"
 #include "sources/Utf8Space.h"
 
 #include <QString>
@@ -145,13 +146,13 @@ struct Authority {
 std::optional<Authority> splitAuthority(QByteArrayView text)
 {
     Authority authority;
-    const qsizetype userInfoSize = text.lastIndexOf('@') + 1;
+    const qsizetype userInfoSize = lastIndexOf(text, '@') + 1;
     authority.userInfo = text.first(userInfoSize);
     text = text.sliced(userInfoSize);
     if (authority.userInfo.chopped(userInfoSize > 0).contains('@'))
         return std::nullopt;
 
-    const qsizetype bracket = text.lastIndexOf(']');
+    const qsizetype bracket = lastIndexOf(text, ']');
     const qsizetype colon = text.indexOf(':', bracket + 1);
     const qsizetype hostSize = colon < 0 ? text.size() : colon;
     authority.host = text.first(hostSize);

@@ -1,6 +1,7 @@
 #include "sources/AddressResolver.h"
 
 #include "sources/AddressParts.h"
+#include "sources/LastByte.h"
 
 namespace zeph {
 
@@ -10,8 +11,7 @@ QByteArray mergedPath(const AddressParts &base, QByteArrayView path)
 {
     if (base.authority && base.path.isEmpty())
         return '/' + path.toByteArray();
-    // Qt 6.8 finds a character in front of an empty view, too.
-    const qsizetype folder = base.path.isEmpty() ? 0 : base.path.lastIndexOf('/') + 1;
+    const qsizetype folder = lastIndexOf(base.path, '/') + 1;
     return base.path.first(folder).toByteArray() + path.toByteArray();
 }
 

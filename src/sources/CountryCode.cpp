@@ -1,6 +1,7 @@
 #include "sources/CountryCode.h"
 
 #include "platform/Ascii.h"
+#include "sources/LastByte.h"
 #include "sources/Utf8Space.h"
 
 #include <QString>
@@ -50,7 +51,7 @@ CountryCode inferredCountryCode(QByteArrayView channelID)
     QByteArrayView name = firstPiece(channelID, [](char character) { return character == '@'; });
     while (name.endsWith('.'))
         name.chop(1);
-    return codeFrom(name.sliced(name.lastIndexOf('.') + 1));
+    return codeFrom(name.sliced(lastIndexOf(name, '.') + 1));
 }
 
 } // namespace zeph

@@ -5,6 +5,7 @@
 #include "sources/AddressResolver.h"
 #include "sources/CountryCode.h"
 #include "sources/ExtInfLine.h"
+#include "sources/LastByte.h"
 #include "sources/RandomUuids.h"
 #include "sources/SharedTexts.h"
 #include "sources/Utf8Space.h"
@@ -25,8 +26,7 @@ QByteArray nameFromAddress(QByteArrayView address)
     QByteArrayView path = splitAddress(address).path;
     while (path.endsWith('/'))
         path.chop(1);
-    // Qt 6.8 finds a character in front of an empty view, too.
-    const qsizetype start = path.isEmpty() ? 0 : path.lastIndexOf('/') + 1;
+    const qsizetype start = lastIndexOf(path, '/') + 1;
     QByteArray name = QByteArray::fromPercentEncoding(path.sliced(start).toByteArray());
     if (!name.isEmpty() && name.isValidUtf8())
         return name;
