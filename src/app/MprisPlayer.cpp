@@ -38,21 +38,16 @@ MprisPlayer::MprisPlayer(ContentView &view, Tell tell, QObject *parent)
     m_sinceLastTime.start();
 }
 
-bool MprisPlayer::hasSource() const
-{
-    return m_model.player()->currentItem() || m_model.youtubeContent() || m_model.okVideoContent();
-}
-
 QString MprisPlayer::playbackStatus() const
 {
-    if (!hasSource())
+    if (!m_model.hasSource())
         return QStringLiteral("Stopped");
     return m_model.isPlaying() ? QStringLiteral("Playing") : QStringLiteral("Paused");
 }
 
 QDBusObjectPath MprisPlayer::track() const
 {
-    if (!hasSource())
+    if (!m_model.hasSource())
         return QDBusObjectPath(QStringLiteral("/org/mpris/MediaPlayer2/TrackList/NoTrack"));
     return QDBusObjectPath(
         QStringLiteral("/zeph/track/") + m_model.mediaLoadID().toString(QUuid::Id128));
@@ -61,7 +56,7 @@ QDBusObjectPath MprisPlayer::track() const
 QVariantMap MprisPlayer::metadata() const
 {
     QVariantMap metadata { { QStringLiteral("mpris:trackid"), QVariant::fromValue(track()) } };
-    if (!hasSource())
+    if (!m_model.hasSource())
         return metadata;
     metadata[QStringLiteral("xesam:title")] = m_model.title();
     if (m_model.duration() > 0)

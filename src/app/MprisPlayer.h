@@ -65,7 +65,6 @@ Q_SIGNALS:
     void Seeked(qlonglong position);
 
 private:
-    bool hasSource() const;
     QDBusObjectPath track() const;
     void tell(const QString &property);
     void observeTime();

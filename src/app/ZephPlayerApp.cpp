@@ -71,7 +71,11 @@ ZephPlayerApp::ZephPlayerApp()
 
 void ZephPlayerApp::tidyUpWhenSettled()
 {
-    m_tidying.start(std::chrono::seconds(1), returnScatteredMemory);
+    m_tidying.start(std::chrono::seconds(1), [this] {
+        // Meanwhile nobody else gets memory, for tens of milliseconds: what plays would stutter.
+        if (!m_player.hasSource())
+            returnScatteredMemory();
+    });
 }
 
 void ZephPlayerApp::preparePlayer()

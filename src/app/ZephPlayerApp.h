@@ -36,7 +36,7 @@ public:
     void openUrl(const QUrl &url);
 
 private:
-    /// Gives memory back once what was open before has been put away.
+    /// Gives memory back once what was open has been put away, unless something else is open then.
     void tidyUpWhenSettled();
     /// Says so, and ends the program with a failure.
     void tellThatNothingCanBeDrawn(const QString &reason);

@@ -10,7 +10,8 @@ namespace zeph {
 void returnFreedMemory();
 
 /// Gives back, in another thread, the pages that lie free between blocks in use. What comes next
-/// would have use for them, so this is for when nothing has come for a while.
+/// would have use for them, and until it is done all threads wait for memory, some tens of
+/// milliseconds: this is for when nothing has come for a while.
 void returnScatteredMemory();
 
 } // namespace zeph

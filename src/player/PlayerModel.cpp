@@ -82,6 +82,11 @@ void PlayerModel::openFile()
         play(*url, url->fileName(), false);
 }
 
+bool PlayerModel::hasSource() const
+{
+    return m_player.currentItem() || m_youtubeContent || m_okVideoContent;
+}
+
 void PlayerModel::stop()
 {
     publish(m_currentURL, {}, &PlayerModel::currentURLChanged);

@@ -96,6 +96,8 @@ public:
     const std::optional<OKVideoContent> &okVideoContent() const { return m_okVideoContent; }
     const QString &toastMessage() const { return m_toastMessage; }
     const QUrl &currentURL() const { return m_currentURL; }
+    /// Whether anything is open, be it played or not.
+    bool hasSource() const;
     MediaPlayer *player() { return &m_player; }
 
     /// Starts a native item. Without a display name its title is the file name in the address.

@@ -16,8 +16,7 @@ void PlayerSurfaceNotices::setModel(PlayerModel *model)
 
 bool PlayerSurfaceNotices::invitesToOpen() const
 {
-    return m_model && !m_model->player()->currentItem() && !m_model->youtubeContent()
-        && !m_model->okVideoContent();
+    return m_model && !m_model->hasSource();
 }
 
 bool PlayerSurfaceNotices::tellsOfBuffering() const
