@@ -3,10 +3,10 @@
 
 namespace zeph {
 
-/// From now on, all but small remains of what is freed go back to the system at once. Otherwise the
-/// C library keeps more and more of it, separately for each of the many threads that decode: after
-/// some large videos a window that plays nothing holds hundreds of MB that nobody uses. To be
-/// called before other threads start.
+/// From now on, what is freed goes back to the system at once, but for small remains and what lies
+/// between blocks in use. Otherwise the C library keeps more and more of it, separately for each of
+/// the many threads that decode: after some large videos a window that plays nothing holds hundreds
+/// of MB that nobody uses. To be called before other threads start.
 void returnFreedMemory();
 
 /// Gives back, in another thread, the pages that lie free between blocks in use. What comes next

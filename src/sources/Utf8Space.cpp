@@ -1,5 +1,7 @@
 #include "sources/Utf8Space.h"
 
+#include "platform/Ascii.h"
+
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -7,11 +9,6 @@
 namespace zeph {
 
 namespace {
-
-bool isAscii(unsigned char byte)
-{
-    return byte < 0x80;
-}
 
 bool isAsciiSpace(unsigned char byte)
 {
@@ -47,7 +44,7 @@ template <bool atEnd> qsizetype spaceSize(const unsigned char *bytes, qsizetype 
     const auto at = [&](qsizetype length) { return atEnd ? bytes + size - length : bytes; };
     if (size == 0)
         return 0;
-    if (isAscii(*at(1)))
+    if (isAscii(static_cast<char>(*at(1))))
         return isAsciiSpace(*at(1)) ? 1 : 0;
     if (size >= 2 && isTwoByteSpace(at(2)[0], at(2)[1]))
         return 2;
