@@ -132,6 +132,17 @@ bool QFutureInterfaceBase::isCanceled() const
     return isCanceled(this);
 }
 
+// Who is done with the work last destroys its result, whoever that is.
+bool QFutureInterfaceBase::derefT() const noexcept
+{
+    static const auto derefT =
+        inQt<bool(const QFutureInterfaceBase *)>("_ZNK20QFutureInterfaceBase6derefTEv");
+    __tsan_release(d);
+    const bool isStillInUse = derefT(this);
+    __tsan_acquire(d);
+    return isStillInUse;
+}
+
 void QSemaphore::acquire(int count)
 {
     static const auto acquire = inQt<void(QSemaphore *, int)>("_ZN10QSemaphore7acquireEi");
