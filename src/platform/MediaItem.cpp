@@ -36,6 +36,8 @@ void MediaItem::update(State state)
         Q_EMIT durationChanged();
     if (old.presentationSize != m_state.presentationSize)
         Q_EMIT presentationSizeChanged();
+    if (old.hasPicture != m_state.hasPicture)
+        Q_EMIT hasPictureChanged();
     if (old.isPlaybackBufferEmpty != m_state.isPlaybackBufferEmpty)
         Q_EMIT playbackBufferEmptyChanged();
     if (old.isPlaybackLikelyToKeepUp != m_state.isPlaybackLikelyToKeepUp)

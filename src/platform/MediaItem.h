@@ -41,6 +41,9 @@ public:
     /// The size at which the picture is meant to be seen, with pixel aspect and rotation applied.
     /// 0 by 0 while unknown, and for sound alone.
     QSizeF presentationSize() const { return m_state.presentationSize; }
+    /// Something is to be seen, as far as is known: no longer when the item turns out to be sound
+    /// alone, or could not be opened.
+    bool hasPicture() const { return m_state.hasPicture; }
 
     /// Playback has used up all that was loaded and waits for more.
     bool isPlaybackBufferEmpty() const { return m_state.isPlaybackBufferEmpty; }
@@ -56,6 +59,7 @@ Q_SIGNALS:
     void statusChanged();
     void durationChanged();
     void presentationSizeChanged();
+    void hasPictureChanged();
     void playbackBufferEmptyChanged();
     void playbackLikelyToKeepUpChanged();
 
@@ -68,6 +72,7 @@ private:
         double duration = 0;
         bool isLive = false;
         QSizeF presentationSize { 0, 0 };
+        bool hasPicture = true;
         bool isPlaybackBufferEmpty = true;
         bool isPlaybackLikelyToKeepUp = false;
     };

@@ -155,6 +155,7 @@ void MediaPlayer::failItem(const QString &errorText)
     MediaItem::State state;
     state.status = MediaItem::Status::Failed;
     state.errorText = errorText;
+    state.hasPicture = false;
     forgetLoad();
     if (m_client)
         m_client->command({ "stop" });
@@ -197,6 +198,8 @@ void MediaPlayer::onFileLoaded()
     // Answers come in the order of the questions: with the last the item is open.
     m_client->request(ticket(Purpose::Seekable, m_load), "seekable", MPV_FORMAT_FLAG);
     m_client->request(ticket(Purpose::FrameRate, m_load), "container-fps", MPV_FORMAT_DOUBLE);
+    m_client->request(
+        ticket(Purpose::VideoTrack, m_load), "current-tracks/video/id", MPV_FORMAT_DOUBLE);
     m_client->request(ticket(Purpose::Duration, m_load), "duration", MPV_FORMAT_DOUBLE);
 }
 
@@ -212,6 +215,8 @@ void MediaPlayer::onAnswer(quint64 question, const QVariant &value)
         m_reported.seekable = value.toBool();
     } else if (question == ticket(Purpose::FrameRate, m_load)) {
         m_reported.framesPerSecond = value.toDouble();
+    } else if (question == ticket(Purpose::VideoTrack, m_load)) {
+        m_reported.hasVideoTrack = value.isValid();
     } else if (question == ticket(Purpose::Duration, m_load)) {
         itemOpened(value);
     }
@@ -387,6 +392,7 @@ MediaItem::State MediaPlayer::reportedOf(MediaItem::State state) const
     state.presentationSize = QSizeF(m_reported.width, m_reported.height);
     if (state.presentationSize.isEmpty())
         state.presentationSize = QSizeF(0, 0);
+    state.hasPicture = m_reported.hasVideoTrack || !state.presentationSize.isEmpty();
     if (std::fmod(m_reported.rotation + pictureRotation(), 180) != 0)
         state.presentationSize.transpose();
     return state;

@@ -114,6 +114,7 @@ private:
         double rotation = 0; ///< Degrees, clockwise, that the engine has left to turn.
         double trackRotation = 0; ///< Degrees, clockwise, that the item asks for.
         double framesPerSecond = 0;
+        bool hasVideoTrack = false;
     };
     enum class VideoOutput {
         None,

@@ -15,6 +15,7 @@ enum class Purpose : quint64 {
     Duration,
     Seekable,
     FrameRate,
+    VideoTrack,
     Item,
     End
 };

@@ -30,11 +30,11 @@ void VideoLayer::setPlayer(MediaPlayer *player)
     if (m_player) {
         // The renderer is made when there is an engine that it can draw from.
         connect(m_player, &MediaPlayer::engineReady, this, &QQuickItem::update);
-        connect(m_player, &MediaPlayer::currentItemChanged, this, &QQuickItem::update);
+        connect(m_player, &MediaPlayer::currentItemChanged, this, &VideoLayer::followCurrentItem);
         connect(m_player, &MediaPlayer::pictureRotationChanged, this, &QQuickItem::update);
         m_player->attachVideoOutput();
     }
-    update();
+    followCurrentItem();
 }
 
 void VideoLayer::setGravity(VideoGravity gravity)
@@ -84,7 +84,7 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
         .rotation = m_player->pictureRotation(),
         .isOnPixels = m_gravity == VideoGravity::ResizeAspect });
     const MediaItem *item = m_player->currentItem();
-    video->setPictureShown(item != nullptr);
+    video->setPictureShown(item && item->hasPicture());
     MediaItemVideoOutput *output = item ? item->videoOutput() : nullptr;
     if (output)
         connect(output, &MediaItemVideoOutput::copyWanted, this, &QQuickItem::update,
@@ -108,6 +108,14 @@ QSizeF VideoLayer::pictureSize() const
     if (m_gravity == VideoGravity::ResizeAspect || !item || item->presentationSize().isEmpty())
         return size();
     return item->presentationSize().scaled(size(), Qt::KeepAspectRatioByExpanding);
+}
+
+void VideoLayer::followCurrentItem()
+{
+    if (const MediaItem *item = m_player ? m_player->currentItem() : nullptr)
+        connect(
+            item, &MediaItem::hasPictureChanged, this, &QQuickItem::update, Qt::UniqueConnection);
+    update();
 }
 
 void VideoLayer::deliverCopy()

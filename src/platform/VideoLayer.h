@@ -43,6 +43,7 @@ protected:
 private:
     std::unique_ptr<VideoCanvas> createCanvas() const;
     QSizeF pictureSize() const;
+    void followCurrentItem();
     void deliverCopy();
 
     QPointer<MediaPlayer> m_player;

@@ -106,6 +106,23 @@ private Q_SLOTS:
         QTRY_VERIFY(showsQuarters(video, whole, upright));
     }
 
+    void nothingToSeeLeavesBlack_data()
+    {
+        canvasesAndClips({ QStringLiteral("clip.mp3"), QStringLiteral("garbage.mp4") });
+    }
+    void nothingToSeeLeavesBlack()
+    {
+        QFETCH(QString, clip);
+        useCanvas();
+        VideoWindow video({ 640, 360 });
+        video.open(QStringLiteral("colours.mp4"));
+        QTRY_VERIFY(showsQuarters(video, whole, upright));
+        video.open(clip);
+        QTRY_VERIFY(showsQuarters(video, whole, { Qt::black, Qt::black, Qt::black, Qt::black }));
+        video.open(QStringLiteral("colours.mp4"));
+        QTRY_VERIFY(showsQuarters(video, whole, upright));
+    }
+
     void endKeepsTheLastPicture_data() { canvases(); }
     void endKeepsTheLastPicture()
     {
