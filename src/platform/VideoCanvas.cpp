@@ -232,6 +232,16 @@ VideoCanvas::Update VideoCanvas::takeUpdate()
     return isNew ? Update::NewPicture : Update::Redraw;
 }
 
+void VideoCanvas::skip()
+{
+    int skips = 1;
+    mpv_render_param parameters[] = {
+        { MPV_RENDER_PARAM_SKIP_RENDERING, &skips },
+        { MPV_RENDER_PARAM_INVALID, nullptr },
+    };
+    render(parameters);
+}
+
 void VideoCanvas::render(mpv_render_param *parameters)
 {
     m_engine->library().render_context_render(m_context, parameters);

@@ -42,6 +42,8 @@ public:
     /// What there is to draw. To be asked after each notification.
     Update takeUpdate();
     virtual void draw() = 0;
+    /// Instead of drawing it. The engine waits until what there is to draw is dealt with.
+    void skip();
     /// What was drawn last, squeezed into `size` pixels of 32 bits.
     virtual QImage copy(QSize size) = 0;
 

@@ -5,8 +5,15 @@
 #include "platform/VideoNode.h"
 
 #include <QQuickWindow>
+#include <QRunnable>
 
 namespace zeph {
+
+namespace {
+
+constexpr std::chrono::milliseconds lastPicturePatience { 100 };
+
+} // namespace
 
 VideoLayer::VideoLayer(QQuickItem *parent) : QQuickItem(parent)
 {
@@ -30,7 +37,8 @@ void VideoLayer::setPlayer(MediaPlayer *player)
     if (m_player) {
         // The renderer is made when there is an engine that it can draw from.
         connect(m_player, &MediaPlayer::engineReady, this, &QQuickItem::update);
-        connect(m_player, &MediaPlayer::currentItemChanged, this, &VideoLayer::followCurrentItem);
+        connect(
+            m_player, &MediaPlayer::currentItemChanged, this, &VideoLayer::onCurrentItemChanged);
         connect(m_player, &MediaPlayer::pictureRotationChanged, this, &QQuickItem::update);
         m_player->attachVideoOutput();
     }
@@ -66,7 +74,13 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
             return nullptr;
         }
         video = new VideoNode(window(), std::move(canvas));
-        connect(video, &VideoNode::pictureDue, this, &QQuickItem::update, Qt::QueuedConnection);
+        connect(
+            video, &VideoNode::pictureDue, this,
+            [this, node = QPointer(video)] { onPictureDue(node); }, Qt::QueuedConnection);
+        connect(video, &VideoNode::newPictureDue, this, &VideoLayer::onNewPictureDue,
+            Qt::QueuedConnection);
+        connect(video, &VideoNode::lastPictureDue, this, &VideoLayer::onLastPictureDue,
+            Qt::QueuedConnection);
         connect(
             video, &VideoNode::pictureCopied, this, &VideoLayer::deliverCopy, Qt::QueuedConnection);
         connect(video, &QObject::destroyed, m_player, &MediaPlayer::videoOutputLost,
@@ -110,12 +124,45 @@ QSizeF VideoLayer::pictureSize() const
     return item->presentationSize().scaled(size(), Qt::KeepAspectRatioByExpanding);
 }
 
+void VideoLayer::onCurrentItemChanged()
+{
+    m_awaitsFirstPicture = true;
+    followCurrentItem();
+}
+
 void VideoLayer::followCurrentItem()
 {
     if (const MediaItem *item = m_player ? m_player->currentItem() : nullptr)
         connect(
             item, &MediaItem::hasPictureChanged, this, &QQuickItem::update, Qt::UniqueConnection);
     update();
+}
+
+// What the engine wants drawn while it goes from one item to the next is the last picture of the
+// item before, several times. Frames for that would be in the way of the first of the new item.
+void VideoLayer::onPictureDue(const QPointer<VideoNode> &node)
+{
+    if (!m_awaitsFirstPicture || !window()) {
+        update();
+        return;
+    }
+    const auto look = [node] {
+        if (node)
+            node->lookWhatIsDue();
+    };
+    window()->scheduleRenderJob(QRunnable::create(look), QQuickWindow::NoStage);
+}
+
+void VideoLayer::onNewPictureDue()
+{
+    m_awaitsFirstPicture = false;
+    m_lastPicture.cancel();
+    update();
+}
+
+void VideoLayer::onLastPictureDue()
+{
+    m_lastPicture.start(lastPicturePatience, [this] { update(); });
 }
 
 void VideoLayer::deliverCopy()

@@ -1,6 +1,8 @@
 // Where a media player's picture appears in a scene.
 #pragma once
 
+#include "platform/Delay.h"
+
 #include <QPointer>
 #include <QQuickItem>
 
@@ -10,6 +12,7 @@ namespace zeph {
 
 class MediaPlayer;
 class VideoCanvas;
+class VideoNode;
 
 /// How a picture of another shape than its layer is fitted in.
 enum class VideoGravity {
@@ -43,11 +46,17 @@ protected:
 private:
     std::unique_ptr<VideoCanvas> createCanvas() const;
     QSizeF pictureSize() const;
+    void onCurrentItemChanged();
     void followCurrentItem();
+    void onPictureDue(const QPointer<VideoNode> &node);
+    void onNewPictureDue();
+    void onLastPictureDue();
     void deliverCopy();
 
     QPointer<MediaPlayer> m_player;
     VideoGravity m_gravity = VideoGravity::ResizeAspect;
+    bool m_awaitsFirstPicture = false;
+    Delay m_lastPicture;
 };
 
 } // namespace zeph

@@ -120,6 +120,22 @@ void VideoNode::setTap(std::shared_ptr<VideoTap> tap)
     m_tap = std::move(tap);
 }
 
+void VideoNode::lookWhatIsDue()
+{
+    switch (m_canvas->takeUpdate()) {
+    case VideoCanvas::Update::None:
+        return;
+    case VideoCanvas::Update::Redraw:
+        m_canvas->skip();
+        m_redraw = true;
+        Q_EMIT lastPictureDue();
+        return;
+    case VideoCanvas::Update::NewPicture:
+        Q_EMIT newPictureDue();
+        return;
+    }
+}
+
 void VideoNode::drawPicture()
 {
     const VideoCanvas::Update update = m_canvas->takeUpdate();
