@@ -3,6 +3,7 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QWindow>
 
 namespace zeph {
@@ -30,7 +31,10 @@ void attachToFocusWindow(QDialog &dialog)
 std::optional<QUrl> answerOf(QFileDialog &dialog)
 {
     attachToFocusWindow(dialog);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty())
+    const int result = dialog.exec();
+    // The next panel makes icons of its own, and does not find those of this one.
+    QPixmapCache::clear();
+    if (result != QDialog::Accepted || dialog.selectedUrls().isEmpty())
         return std::nullopt;
     return dialog.selectedUrls().constFirst();
 }
