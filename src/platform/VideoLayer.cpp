@@ -9,12 +9,6 @@
 
 namespace zeph {
 
-namespace {
-
-constexpr std::chrono::milliseconds lastPicturePatience { 100 };
-
-} // namespace
-
 VideoLayer::VideoLayer(QQuickItem *parent) : QQuickItem(parent)
 {
     setFlag(ItemHasContents);
@@ -78,8 +72,6 @@ QSGNode *VideoLayer::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
             video, &VideoNode::pictureDue, this,
             [this, node = QPointer(video)] { onPictureDue(node); }, Qt::QueuedConnection);
         connect(video, &VideoNode::newPictureDue, this, &VideoLayer::onNewPictureDue,
-            Qt::QueuedConnection);
-        connect(video, &VideoNode::lastPictureDue, this, &VideoLayer::onLastPictureDue,
             Qt::QueuedConnection);
         connect(
             video, &VideoNode::pictureCopied, this, &VideoLayer::deliverCopy, Qt::QueuedConnection);
@@ -148,7 +140,7 @@ void VideoLayer::onPictureDue(const QPointer<VideoNode> &node)
     }
     const auto look = [node] {
         if (node)
-            node->lookWhatIsDue();
+            node->lookForNewPicture();
     };
     window()->scheduleRenderJob(QRunnable::create(look), QQuickWindow::NoStage);
 }
@@ -156,13 +148,7 @@ void VideoLayer::onPictureDue(const QPointer<VideoNode> &node)
 void VideoLayer::onNewPictureDue()
 {
     m_awaitsFirstPicture = false;
-    m_lastPicture.cancel();
     update();
-}
-
-void VideoLayer::onLastPictureDue()
-{
-    m_lastPicture.start(lastPicturePatience, [this] { update(); });
 }
 
 void VideoLayer::deliverCopy()

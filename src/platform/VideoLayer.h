@@ -1,8 +1,6 @@
 // Where a media player's picture appears in a scene.
 #pragma once
 
-#include "platform/Delay.h"
-
 #include <QPointer>
 #include <QQuickItem>
 
@@ -50,13 +48,11 @@ private:
     void followCurrentItem();
     void onPictureDue(const QPointer<VideoNode> &node);
     void onNewPictureDue();
-    void onLastPictureDue();
     void deliverCopy();
 
     QPointer<MediaPlayer> m_player;
     VideoGravity m_gravity = VideoGravity::ResizeAspect;
     bool m_awaitsFirstPicture = false;
-    Delay m_lastPicture;
 };
 
 } // namespace zeph

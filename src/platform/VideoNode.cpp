@@ -120,19 +120,14 @@ void VideoNode::setTap(std::shared_ptr<VideoTap> tap)
     m_tap = std::move(tap);
 }
 
-void VideoNode::lookWhatIsDue()
+void VideoNode::lookForNewPicture()
 {
-    switch (m_canvas->takeUpdate()) {
-    case VideoCanvas::Update::None:
-        return;
-    case VideoCanvas::Update::Redraw:
+    const VideoCanvas::Update update = m_canvas->takeUpdate();
+    if (update == VideoCanvas::Update::NewPicture) {
+        Q_EMIT newPictureDue();
+    } else if (update == VideoCanvas::Update::Redraw) {
         m_canvas->skip();
         m_redraw = true;
-        Q_EMIT lastPictureDue();
-        return;
-    case VideoCanvas::Update::NewPicture:
-        Q_EMIT newPictureDue();
-        return;
     }
 }
 

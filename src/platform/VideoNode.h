@@ -40,17 +40,15 @@ public:
     /// Who is told of pictures and gets copies of them. May be null.
     void setTap(std::shared_ptr<VideoTap> tap);
 
-    /// Tells by a signal whether a new picture is due. If it is the last one again, the engine need
-    /// not wait until that is drawn.
-    void lookWhatIsDue();
+    /// Emits `newPictureDue` if there is one. If the last picture is to be drawn again, the next
+    /// frame does that, whenever it comes, and the engine need not wait for it.
+    void lookForNewPicture();
 
 Q_SIGNALS:
     /// There may be something to draw. Emitted from any thread.
     void pictureDue();
     /// Emitted from the render thread.
     void newPictureDue();
-    /// Emitted from the render thread.
-    void lastPictureDue();
     /// The tap holds a copy. Emitted from the render thread.
     void pictureCopied();
 
