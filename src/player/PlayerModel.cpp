@@ -23,7 +23,8 @@ QString onOKVideo(const QString &action)
 
 QString titleFromAddress(const QUrl &url)
 {
-    return decodedLastPathComponent(url).value_or(url.toString(QUrl::FullyEncoded));
+    const QString name = decodedLastPathComponent(url).value_or(QString());
+    return name.isEmpty() ? url.toString(QUrl::FullyEncoded) : name;
 }
 
 double finiteOrZero(double value)
@@ -44,6 +45,11 @@ PlayerModel::PlayerModel(FilePanels &panels, QObject *parent)
         m_player.addPeriodicTimeObserver([this](double seconds) { observeTime(seconds); });
     connect(&m_player, &MediaPlayer::timeControlStatusChanged, this,
         &PlayerModel::refreshBufferingState, Qt::QueuedConnection);
+    const auto followPagesOf = [this](const WebPlayerRegistry &registry) {
+        connect(&registry, &WebPlayerRegistry::pageReady, this, &PlayerModel::bringPageUpToDate);
+    };
+    followPagesOf(YouTubePlayerRegistry::shared());
+    followPagesOf(OKVideoPlayerRegistry::shared());
 }
 
 PlayerModel::~PlayerModel()
@@ -69,6 +75,7 @@ void PlayerModel::play(
     auto item = std::make_unique<MediaItem>(url);
     observeBuffering(*item);
     m_player.replaceCurrentItem(std::move(item));
+    applyVolume(); // A page may have played at another one last.
     m_player.play();
     publish(m_isPlaying, true, &PlayerModel::isPlayingChanged);
 }
@@ -143,6 +150,11 @@ void PlayerModel::skip(double seconds)
 void PlayerModel::toggleMute()
 {
     publish(m_isMuted, !m_isMuted, &PlayerModel::isMutedChanged);
+    applyMute();
+}
+
+void PlayerModel::applyMute()
+{
     if (m_youtubeContent)
         YouTubePlayerRegistry::shared().setMuted(m_isMuted);
     else if (m_okVideoContent)
@@ -155,8 +167,13 @@ void PlayerModel::setVolume(double value)
 {
     if (std::isnan(value))
         return;
-    publish(m_volume, std::max(std::min(value, 1.0), 0.0), &PlayerModel::volumeChanged);
+    publish(m_volume, std::max(0.0, std::min(value, 1.0)), &PlayerModel::volumeChanged);
     publish(m_isMuted, m_volume == 0, &PlayerModel::isMutedChanged);
+    applyVolume();
+}
+
+void PlayerModel::applyVolume()
+{
     if (m_youtubeContent) {
         YouTubePlayerRegistry::shared().evaluate(
             QStringLiteral("zephSetVolume(%1);").arg(javaScriptNumber(m_volume)));
@@ -167,6 +184,21 @@ void PlayerModel::setVolume(double value)
         m_player.setVolume(m_volume);
         m_player.setMuted(m_isMuted);
     }
+}
+
+// A page's player begins to play at full volume, whatever has been asked for until it was there.
+void PlayerModel::bringPageUpToDate()
+{
+    if (m_volume < 1)
+        applyVolume();
+    if (m_isMuted)
+        applyMute();
+    if (m_isPlaying)
+        return;
+    if (m_youtubeContent)
+        YouTubePlayerRegistry::shared().evaluate(QStringLiteral("player.pauseVideo();"));
+    else if (m_okVideoContent)
+        OKVideoPlayerRegistry::shared().evaluate(onOKVideo(QStringLiteral("v.pause();")));
 }
 
 void PlayerModel::updateStreamTitle(const QString &name)

@@ -100,7 +100,8 @@ public:
     bool hasSource() const;
     MediaPlayer *player() { return &m_player; }
 
-    /// Starts a native item. Without a display name its title is the file name in the address.
+    /// Starts a native item. Without a display name its title is the file name in the address,
+    /// or all of the address where there is none.
     void play(const QUrl &url, const std::optional<QString> &displayName, bool isLiveStream);
     /// Shows a web page's player in place of the native one, playing.
     void show(const YouTubeContent &content, const QString &title);
@@ -186,6 +187,9 @@ private:
     void beginWebLoad();
     void showWebContent(const std::optional<YouTubeContent> &youtube,
         const std::optional<OKVideoContent> &okVideo, const QString &title);
+    void applyVolume();
+    void applyMute();
+    void bringPageUpToDate();
 
     void loadM3U(const QUrl &url, const QString &displayName, QUuid requestID);
     void readM3U(

@@ -92,8 +92,7 @@ void PlayerModel::openRemote(const QString &address, const QString &displayName)
         beginWebLoad();
         show(*okVideo, name);
     } else if (isIPTVPlaylistURL(*url)) {
-        publish(m_youtubeContent, {}, &PlayerModel::youtubeContentChanged);
-        publish(m_okVideoContent, {}, &PlayerModel::okVideoContentChanged);
+        leaveWebContent();
         loadM3U(*url, displayName, m_remoteRequestID);
     } else {
         publish(m_isLoading, false, &PlayerModel::isLoadingChanged);
@@ -109,6 +108,16 @@ void PlayerModel::beginWebLoad()
     publish(m_mediaLoadID, QUuid::createUuid(), &PlayerModel::mediaLoadIDChanged);
     publish(m_videoAspectRatio, webPlayerAspectRatio, &PlayerModel::videoAspectRatioChanged);
     publish(m_videoAspectMediaLoadID, m_mediaLoadID, &PlayerModel::videoAspectMediaLoadIDChanged);
+}
+
+void PlayerModel::leaveWebContent()
+{
+    if (!m_youtubeContent && !m_okVideoContent)
+        return;
+    publish(m_youtubeContent, {}, &PlayerModel::youtubeContentChanged);
+    publish(m_okVideoContent, {}, &PlayerModel::okVideoContentChanged);
+    // The native item went when the page came: nothing plays any more.
+    publish(m_isPlaying, false, &PlayerModel::isPlayingChanged);
 }
 
 } // namespace zeph

@@ -26,6 +26,9 @@ void PlayerModel::show(const OKVideoContent &content, const QString &title)
 void PlayerModel::showWebContent(const std::optional<YouTubeContent> &youtube,
     const std::optional<OKVideoContent> &okVideo, const QString &title)
 {
+    // A page that is there already stays, and goes on where it was paused.
+    if (youtube == m_youtubeContent && okVideo == m_okVideoContent && !m_isPlaying)
+        togglePlayback();
     m_player.pause();
     m_player.replaceCurrentItem(nullptr);
     publish(m_youtubeContent, youtube, &PlayerModel::youtubeContentChanged);

@@ -32,6 +32,10 @@ public:
     /// Any thread.
     void setMuted(bool muted);
 
+Q_SIGNALS:
+    /// The page that is shown has its player from now on, which knows nothing of earlier commands.
+    void pageReady();
+
 protected:
     WebPlayerRegistry() = default;
 

@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 
 #include <clocale>
+#include <cmath>
 #include <limits>
 
 using namespace zeph;
@@ -110,6 +111,8 @@ private Q_SLOTS:
                                   << "http://127.0.0.1:9/%FF%FE.mp4";
         QTest::newRow("slash at the end") << "http://127.0.0.1:9/a/"
                                           << "a";
+        QTest::newRow("no path") << "http://127.0.0.1:9/"
+                                 << "http://127.0.0.1:9/";
     }
 
     void titleFromAddress()
@@ -193,6 +196,7 @@ private Q_SLOTS:
         QTest::newRow("above") << 1.7 << 1.0 << false;
         QTest::newRow("below") << -0.2 << 0.0 << true;
         QTest::newRow("zero") << 0.0 << 0.0 << true;
+        QTest::newRow("negative zero") << -0.0 << 0.0 << true;
         QTest::newRow("within") << 0.25 << 0.25 << false;
         QTest::newRow("infinite") << infinity << 1.0 << false;
         QTest::newRow("negatively infinite") << -infinity << 0.0 << true;
@@ -206,6 +210,7 @@ private Q_SLOTS:
         model.setVolume(value);
         QTEST(model.volume(), "volume");
         QTEST(model.isMuted(), "muted");
+        QVERIFY(!std::signbit(model.volume()));
         QCOMPARE(model.player()->volume(), model.volume());
         QCOMPARE(model.player()->isMuted(), model.isMuted());
     }
@@ -219,6 +224,18 @@ private Q_SLOTS:
         model.setVolume(0.5);
         QVERIFY(!model.isMuted());
         QVERIFY(!model.player()->isMuted());
+    }
+
+    void volumeAndMuteOutliveAPage()
+    {
+        PlayerModel model(m_panels);
+        model.show(OKVideoContent { QStringLiteral("123") }, QStringLiteral("A video"));
+        model.setVolume(0.5);
+        model.toggleMute();
+        QCOMPARE(model.player()->volume(), 1.0);
+        model.play(clip(QStringLiteral("numbered-25.mp4")), std::nullopt, false);
+        QCOMPARE(model.player()->volume(), 0.5);
+        QVERIFY(model.player()->isMuted());
     }
 
     void skipIsLimitedToTheItem()

@@ -141,6 +141,7 @@ private Q_SLOTS:
         model.openRemote(m_server->url(one).toString(), {});
         QVERIFY(!model.okVideoContent());
         QVERIFY(!model.youtubeContent());
+        QVERIFY(!model.isPlaying());
         QCOMPARE(model.title(), QStringLiteral("Video"));
         m_server->letGo(one);
         WAIT_FOR_END_OF_LOADING(model);

@@ -89,6 +89,71 @@ private Q_SLOTS:
         QVERIFY(m_youtubePage.scripts.isEmpty());
     }
 
+    void aNewPageIsBroughtUpToDate_data()
+    {
+        QTest::addColumn<bool>("isYouTube");
+        QTest::addColumn<QStringList>("scripts");
+        QTest::newRow("YouTube") << true
+                                 << QStringList({ QStringLiteral("zephSetVolume(0.35);"),
+                                        QStringLiteral("zephSetMuted(true);"),
+                                        QStringLiteral("player.pauseVideo();") });
+        const QString video = QStringLiteral("var v=document.querySelector('video'); if(v){%1}");
+        QTest::newRow("OK") << false
+                            << QStringList(
+                                   { video.arg(QStringLiteral("v.muted=false;v.volume=0.35;")),
+                                       video.arg(QStringLiteral("v.muted=true;")),
+                                       video.arg(QStringLiteral("v.pause();")) });
+    }
+    void aNewPageIsBroughtUpToDate()
+    {
+        QFETCH(const bool, isYouTube);
+        QFETCH(const QStringList, scripts);
+        const auto registry = [=]() -> WebPlayerRegistry & {
+            if (isYouTube)
+                return YouTubePlayerRegistry::shared();
+            return OKVideoPlayerRegistry::shared();
+        };
+        PlayerModel model(m_panels);
+        if (isYouTube)
+            model.show(youtube, QStringLiteral("A video"));
+        else
+            model.show(okVideo, QStringLiteral("A video"));
+        // While it is loaded, there is none that takes commands.
+        registry().setWebView(nullptr);
+        model.setVolume(0.35);
+        model.toggleMute();
+        model.togglePlayback();
+        QCoreApplication::processEvents();
+
+        RecordingPage page;
+        registry().setWebView(&page);
+        Q_EMIT registry().pageReady();
+        QTRY_COMPARE(page.scripts, scripts);
+    }
+
+    void aNewPagePlaysAsItIs()
+    {
+        PlayerModel model(m_panels);
+        model.show(youtube, QStringLiteral("A video"));
+        Q_EMIT YouTubePlayerRegistry::shared().pageReady();
+        model.skip(5);
+        QTRY_COMPARE(m_youtubePage.scripts, QStringList(QStringLiteral("zephSkip(5.0);")));
+    }
+
+    void aPausedPageThatIsOpenedAgainGoesOn()
+    {
+        PlayerModel model(m_panels);
+        model.show(youtube, QStringLiteral("A video"));
+        model.show(youtube, QStringLiteral("The same"));
+        model.togglePlayback();
+        model.show(youtube, QStringLiteral("And again"));
+        QVERIFY(model.isPlaying());
+        const QString toggle = QStringLiteral("zephToggle();");
+        model.skip(5);
+        QTRY_COMPARE(m_youtubePage.scripts,
+            QStringList({ toggle, toggle, QStringLiteral("zephSkip(5.0);") }));
+    }
+
     void stopLeavesNoSourceAndToggleReplaysIt()
     {
         PlayerModel model(m_panels);

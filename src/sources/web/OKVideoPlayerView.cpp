@@ -2,7 +2,6 @@
 
 #include "sources/OKVideoContent.h"
 #include "sources/ServiceHosts.h"
-#include "sources/web/PageMessages.h"
 
 using namespace std::chrono_literals;
 
@@ -11,7 +10,7 @@ namespace zeph {
 namespace {
 
 // The page's own scripts make its video element, sooner or later.
-QString sayWhenThereIsAVideo()
+QString sayWhenThereIsAVideo(const QString &message)
 {
     return QStringLiteral(R"((function () {
     function look() {
@@ -27,7 +26,7 @@ QString sayWhenThereIsAVideo()
             observer.disconnect();
     }).observe(document, { childList: true, subtree: true });
 })();)")
-        .arg(pageMessages::ready);
+        .arg(message);
 }
 
 } // namespace
@@ -44,9 +43,9 @@ std::optional<QString> OKVideoPlayerView::contentID(const QVariant &content) con
     return content.value<OKVideoContent>().id();
 }
 
-void OKVideoPlayerView::load(WebBrowser &browser)
+void OKVideoPlayerView::loadInto(WebBrowser &browser, const PageMessages &messages)
 {
-    browser.setUserScript(sayWhenThereIsAVideo());
+    browser.setUserScript(sayWhenThereIsAVideo(messages.ready));
     browser.load(content().value<OKVideoContent>().embedURL(),
         "https://" + QByteArray(okMainHost.data()) + '/');
 }

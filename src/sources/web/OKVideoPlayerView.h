@@ -15,7 +15,7 @@ public:
 
 private:
     std::optional<QString> contentID(const QVariant &content) const override;
-    void load(WebBrowser &browser) override;
+    void loadInto(WebBrowser &browser, const PageMessages &messages) override;
     void pageLoaded() override { stopWaiting(); }
 };
 

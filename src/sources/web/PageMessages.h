@@ -1,15 +1,24 @@
-// What our scripts in the pages write to the console for us.
+// What our scripts in a page write to the console for us.
 #pragma once
 
-#include <QLatin1String>
+#include <QString>
+#include <QUuid>
 
-namespace zeph::pageMessages {
+namespace zeph {
 
-/// The service's player script runs.
-inline constexpr QLatin1StringView scriptRuns { "zeph:script-runs" };
-/// The service's player script cannot be had.
-inline constexpr QLatin1StringView scriptFailed { "zeph:script-failed" };
-/// The player is there, and takes commands.
-inline constexpr QLatin1StringView ready { "zeph:ready" };
+/// The messages of one page. Only it knows its key: neither the page before it, which stays until
+/// the next one has come, nor an advertisement in a frame of it can speak in its name.
+struct PageMessages {
+    explicit PageMessages(const QString &key = QUuid::createUuid().toString(QUuid::Id128))
+        : scriptRuns(QStringLiteral("zeph:script-runs ") + key)
+        , scriptFailed(QStringLiteral("zeph:script-failed ") + key)
+        , ready(QStringLiteral("zeph:ready ") + key)
+    {
+    }
 
-} // namespace zeph::pageMessages
+    QString scriptRuns; ///< The service's player script runs.
+    QString scriptFailed; ///< The service's player script cannot be had.
+    QString ready; ///< The player is there, and takes commands.
+};
+
+} // namespace zeph

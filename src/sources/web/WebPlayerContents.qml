@@ -24,6 +24,7 @@ Item {
         visible: contents.view.failure.length > 0
         message: contents.view.failure
         canRetry: contents.view.canRetry
+        onPressed: contents.view.messagePressed()
         onRetry: contents.view.retry()
     }
 }

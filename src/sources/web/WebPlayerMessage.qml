@@ -7,12 +7,19 @@ Rectangle {
 
     required property string message
     required property bool canRetry
+    signal pressed
     signal retry
 
     color: "black"
 
     Accessible.role: Accessible.AlertMessage
     Accessible.name: message
+
+    // What is behind it gets no press.
+    MouseArea {
+        anchors.fill: parent
+        onPressed: panel.pressed()
+    }
 
     Column {
         anchors.centerIn: parent

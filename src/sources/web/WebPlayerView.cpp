@@ -3,7 +3,6 @@
 #include "platform/BrowserSandbox.h"
 #include "platform/PlayerNotifications.h"
 #include "platform/PlayerSurfaceRegistry.h"
-#include "sources/web/PageMessages.h"
 
 #include <QQuickWindow>
 
@@ -47,7 +46,6 @@ void WebPlayerView::setContent(const QVariant &content)
     PlayerSurfaceRegistry::shared().setView(this);
     if (*id != m_loadedContentID) {
         m_loadedContentID = *id;
-        m_page.dropCommands();
         retry();
     }
     Q_EMIT contentChanged();
@@ -77,7 +75,12 @@ void WebPlayerView::load()
     setFailure({});
     if (m_browserItem) {
         waitForPage();
-        load(*m_browser);
+        m_messages = PageMessages();
+        loadInto(*m_browser, m_messages);
+        return;
+    }
+    if (m_browserIsMissing) {
+        browserIsMissing();
         return;
     }
     switch (browserSandbox()) {
@@ -98,6 +101,7 @@ void WebPlayerView::load()
 
 void WebPlayerView::browserIsMissing()
 {
+    m_browserIsMissing = true;
     fail(tr("Web videos do not play: the player's web browser is not installed."), false);
 }
 
@@ -115,14 +119,15 @@ void WebPlayerView::pageFailed()
 
 void WebPlayerView::pageSaid(const QString &message)
 {
-    if (message == pageMessages::scriptRuns) {
+    if (message == m_messages.scriptRuns) {
         waitForPage();
-    } else if (message == pageMessages::scriptFailed) {
+    } else if (message == m_messages.scriptFailed) {
         pageFailed();
-    } else if (message == pageMessages::ready) {
+    } else if (message == m_messages.ready) {
         stopWaiting();
         setFailure({});
         m_page.open(*m_browser);
+        Q_EMIT m_registry.pageReady();
     }
 }
 

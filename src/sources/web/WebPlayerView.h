@@ -3,6 +3,7 @@
 
 #include "platform/Delay.h"
 #include "sources/web/PageFullScreen.h"
+#include "sources/web/PageMessages.h"
 #include "sources/web/WebBrowser.h"
 #include "sources/web/WebPlayerPage.h"
 
@@ -51,6 +52,8 @@ public:
     Q_INVOKABLE void retry();
     /// There is no browser to be had.
     Q_INVOKABLE void browserIsMissing();
+    /// What is shown in place of the page was pressed.
+    Q_INVOKABLE void messagePressed() { mousePressed(); }
 
 Q_SIGNALS:
     void contentChanged();
@@ -68,9 +71,10 @@ protected:
     void stopWaiting() { m_waiting.cancel(); }
 
 private:
-    /// Another one for each content; none when it is not of the view's kind.
+    /// Tells contents apart; nothing when it is not of the view's kind.
     virtual std::optional<QString> contentID(const QVariant &content) const = 0;
-    virtual void load(WebBrowser &browser) = 0;
+    /// The page is to say `messages`.
+    virtual void loadInto(WebBrowser &browser, const PageMessages &messages) = 0;
 
     void pageFailed() override;
     void pageSaid(const QString &message) override;
@@ -85,10 +89,12 @@ private:
 
     WebPlayerRegistry &m_registry;
     WebPlayerPage m_page;
+    PageMessages m_messages; ///< Of the page that was loaded last.
     PageFullScreen m_fullScreen;
     QVariant m_content;
     QString m_loadedContentID;
     bool m_wantsBrowser = false;
+    bool m_browserIsMissing = false;
     QPointer<QQuickItem> m_browserItem;
     WebBrowser *m_browser = nullptr; ///< Is `m_browserItem`.
     std::chrono::milliseconds m_patience;

@@ -2,11 +2,10 @@
 
 #include "sources/ServiceHosts.h"
 #include "sources/web/JavaScriptString.h"
-#include "sources/web/PageMessages.h"
 
 namespace zeph {
 
-QString youTubePage(const YouTubeContent &content)
+QString youTubePage(const YouTubeContent &content, const PageMessages &messages)
 {
     return QStringLiteral(R"html(<!doctype html>
 <html>
@@ -85,8 +84,8 @@ function zephSetMuted(muted) {
 </html>
 )html")
         .arg(youTubeMainHost, javaScriptString(webOrigin), javaScriptString(content.videoID),
-            javaScriptString(content.playlistID), pageMessages::scriptFailed,
-            pageMessages::scriptRuns, pageMessages::ready);
+            javaScriptString(content.playlistID), messages.scriptFailed, messages.scriptRuns,
+            messages.ready);
 }
 
 } // namespace zeph

@@ -20,10 +20,10 @@ std::optional<QString> YouTubePlayerView::contentID(const QVariant &content) con
     return content.value<YouTubeContent>().id();
 }
 
-void YouTubePlayerView::load(WebBrowser &browser)
+void YouTubePlayerView::loadInto(WebBrowser &browser, const PageMessages &messages)
 {
-    browser.loadHtml(
-        youTubePage(content().value<YouTubeContent>()), QUrl(webOrigin + QLatin1Char('/')));
+    browser.loadHtml(youTubePage(content().value<YouTubeContent>(), messages),
+        QUrl(webOrigin + QLatin1Char('/')));
 }
 
 } // namespace zeph

@@ -3,10 +3,12 @@
 
 #include "sources/OKVideoContent.h"
 #include "sources/web/OKVideoPlayerView.h"
+#include "sources/web/PageMessages.h"
 #include "sources/web/YouTubePlayerView.h"
 #include "sources/YouTubeContent.h"
 
 #include <QQuickItem>
+#include <QRegularExpression>
 
 #include <chrono>
 
@@ -32,6 +34,16 @@ public:
     void stopLoading() override { ++stops; }
     void evaluateJavaScript(const QString &script) override { scripts += script; }
     void leaveFullScreen() override { ++leavesOfFullScreen; }
+
+    /// What the page that was loaded last would say.
+    zeph::PageMessages messages() const
+    {
+        static const QRegularExpression ready(QStringLiteral("zeph:ready ([0-9a-f]{32})"));
+        const QString page = pages.isEmpty() ? userScript : pages.constLast();
+        return zeph::PageMessages(ready.match(page).captured(1));
+    }
+    /// That page's player is there.
+    void sayReady() { observer->pageSaid(messages().ready); }
 
     zeph::WebBrowserObserver *observer = nullptr;
     QString userScript;

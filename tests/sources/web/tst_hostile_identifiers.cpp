@@ -19,7 +19,7 @@ QString readingsOf(const QStringList &ids)
 {
     QJsonArray pages;
     for (const QString &id : ids)
-        pages += youTubePage({ id, id });
+        pages += youTubePage({ id, id }, PageMessages());
     const QByteArray json = QJsonDocument(pages).toJson(QJsonDocument::Compact);
     return QString::fromUtf8(json) + QStringLiteral(R"(.map(function (html) {
     var page = new DOMParser().parseFromString(html, 'text/html');

@@ -19,7 +19,6 @@ const YouTubeContent videoInPlaylist { QStringLiteral("abc"), QStringLiteral("PL
 const OKVideoContent okVideo { QStringLiteral("123") };
 const OKVideoContent otherOKVideo { QStringLiteral("456") };
 
-const QString ready = QStringLiteral("zeph:ready");
 const QString first = QStringLiteral("first();");
 const QString second = QStringLiteral("second();");
 
@@ -52,7 +51,8 @@ private Q_SLOTS:
     void loadsOurPageAtOurOrigin()
     {
         const LoadedYouTubeView player(video);
-        QCOMPARE(player.browser->pages, QStringList(youTubePage(video)));
+        QCOMPARE(
+            player.browser->pages, QStringList(youTubePage(video, player.browser->messages())));
         QCOMPARE(player.browser->addresses,
             QList<QUrl>({ QUrl(QStringLiteral("https://zephplayer.example/")) }));
     }
@@ -77,8 +77,9 @@ private Q_SLOTS:
     {
         LoadedYouTubeView player(video);
         player.view.setContent(value(videoInPlaylist));
-        QCOMPARE(player.browser->pages,
-            QStringList({ youTubePage(video), youTubePage(videoInPlaylist) }));
+        QCOMPARE(player.browser->pages.size(), 2);
+        QCOMPARE(player.browser->pages.constLast(),
+            youTubePage(videoInPlaylist, player.browser->messages()));
     }
 
     void noContentChangesNothing()
@@ -137,45 +138,60 @@ private Q_SLOTS:
         QCOMPARE(browser.observer, nullptr);
     }
 
-    void commandsWaitUntilThePageIsReady()
+    void commandsGoNowhereUntilThePageIsReady()
     {
         YouTubePlayerView view;
+        QSignalSpy ready(&YouTubePlayerRegistry::shared(), &WebPlayerRegistry::pageReady);
         view.setContent(value(video));
         WebPage *page = YouTubePlayerRegistry::shared().webView();
         page->evaluateJavaScript(first);
         auto *browser = new StandInBrowser(&view);
         view.setBrowser(browser);
-        page->evaluateJavaScript(second);
-        browser->observer->pageLoaded();
-        browser->observer->pageSaid(QStringLiteral("zeph:script-runs"));
-        QCOMPARE(browser->scripts, QStringList());
-        browser->observer->pageSaid(ready);
-        QCOMPARE(browser->scripts, QStringList({ first, second }));
         page->evaluateJavaScript(first);
-        QCOMPARE(browser->scripts, QStringList({ first, second, first }));
+        browser->observer->pageLoaded();
+        browser->observer->pageSaid(browser->messages().scriptRuns);
+        QCOMPARE(ready.size(), 0);
+        browser->sayReady();
+        QCOMPARE(ready.size(), 1);
+        QCOMPARE(browser->scripts, QStringList());
+        page->evaluateJavaScript(second);
+        QCOMPARE(browser->scripts, QStringList(second));
     }
 
-    void commandsForOneVideoAreNotForTheNext()
+    void commandsGoNowhereWhileTheNextPageIsLoaded()
     {
         LoadedOKView player(okVideo);
         WebPage *page = OKVideoPlayerRegistry::shared().webView();
-        page->evaluateJavaScript(first);
+        player.browser->sayReady();
         player.view.setContent(value(otherOKVideo));
-        page->evaluateJavaScript(second);
-        player.browser->observer->pageSaid(ready);
-        QCOMPARE(player.browser->scripts, QStringList(second));
-        // Nor do they go to the last one's page while the next one is loaded.
-        player.view.setContent(value(okVideo));
         page->evaluateJavaScript(first);
+        player.browser->sayReady();
+        page->evaluateJavaScript(second);
         QCOMPARE(player.browser->scripts, QStringList(second));
+    }
+
+    // It stays until the next one has come, and may say something meanwhile.
+    void theLastPageDoesNotSpeakForTheNext()
+    {
+        LoadedYouTubeView player(video);
+        QSignalSpy ready(&YouTubePlayerRegistry::shared(), &WebPlayerRegistry::pageReady);
+        const PageMessages before = player.browser->messages();
+        player.view.setContent(value(videoInPlaylist));
+        player.browser->observer->pageSaid(before.ready);
+        player.browser->observer->pageSaid(before.scriptFailed);
+        QCOMPARE(ready.size(), 0);
+        QCOMPARE(player.view.failure(), QString());
+        player.browser->sayReady();
+        QCOMPARE(ready.size(), 1);
     }
 
     void whatElseThePageSaysMeansNothing()
     {
         LoadedYouTubeView player(video);
-        YouTubePlayerRegistry::shared().webView()->evaluateJavaScript(first);
-        player.browser->observer->pageSaid(QStringLiteral("zeph:ready, they say"));
-        QCOMPARE(player.browser->scripts, QStringList());
+        QSignalSpy ready(&YouTubePlayerRegistry::shared(), &WebPlayerRegistry::pageReady);
+        player.browser->observer->pageSaid(QStringLiteral("zeph:ready"));
+        player.browser->observer->pageSaid(QStringLiteral("zeph:script-failed"));
+        QCOMPARE(ready.size(), 0);
         QCOMPARE(player.view.failure(), QString());
     }
 
@@ -186,19 +202,21 @@ private Q_SLOTS:
         player.browser->observer->pageFailed();
         QCOMPARE(player.view.failure(), QStringLiteral("The video page could not be loaded."));
         QVERIFY(player.view.canRetry());
+        // What is asked of a page that is not there is not kept for the next.
         YouTubePlayerRegistry::shared().webView()->evaluateJavaScript(first);
         player.view.retry();
         QCOMPARE(player.view.failure(), QString());
         QCOMPARE(changes.size(), 2);
         QCOMPARE(player.browser->pages.size(), 2);
-        player.browser->observer->pageSaid(ready);
-        QCOMPARE(player.browser->scripts, QStringList(first));
+        player.browser->sayReady();
+        YouTubePlayerRegistry::shared().webView()->evaluateJavaScript(second);
+        QCOMPARE(player.browser->scripts, QStringList(second));
     }
 
     void aScriptThatFailsIsAPageThatFails()
     {
         LoadedYouTubeView player(video);
-        player.browser->observer->pageSaid(QStringLiteral("zeph:script-failed"));
+        player.browser->observer->pageSaid(player.browser->messages().scriptFailed);
         QCOMPARE(player.view.failure(), QStringLiteral("The video page could not be loaded."));
     }
 
@@ -210,14 +228,14 @@ private Q_SLOTS:
         QTRY_COMPARE(player.view.failure(), QStringLiteral("The video service does not answer."));
         QVERIFY(player.view.canRetry());
         // Better late than never.
-        player.browser->observer->pageSaid(ready);
+        player.browser->sayReady();
         QCOMPARE(player.view.failure(), QString());
     }
 
     void aPlayerThatDoesNotGetReady()
     {
         LoadedYouTubeView player(video, 10ms);
-        player.browser->observer->pageSaid(QStringLiteral("zeph:script-runs"));
+        player.browser->observer->pageSaid(player.browser->messages().scriptRuns);
         QTRY_COMPARE(player.view.failure(), QStringLiteral("The video service does not answer."));
     }
 
@@ -253,7 +271,12 @@ private Q_SLOTS:
         YouTubePlayerView view;
         view.setContent(value(video));
         view.browserIsMissing();
-        QVERIFY(!view.failure().isEmpty());
+        const QString reason = view.failure();
+        QVERIFY(!reason.isEmpty());
+        QVERIFY(!view.canRetry());
+        // For the next video, too.
+        view.setContent(value(videoInPlaylist));
+        QCOMPARE(view.failure(), reason);
         QVERIFY(!view.canRetry());
     }
 

@@ -13,6 +13,7 @@ namespace {
 
 const QString video = QStringLiteral("abc");
 const QString playlist = QStringLiteral("PLx");
+const PageMessages messages(QStringLiteral("key"));
 
 constexpr auto standIns = R"(
 var said = [];
@@ -40,7 +41,7 @@ var YT = {
 /// A page whose inline script has run.
 class Page {
 public:
-    explicit Page(const YouTubeContent &content) : m_html(youTubePage(content))
+    explicit Page(const YouTubeContent &content) : m_html(youTubePage(content, messages))
     {
         m_engine.evaluate(QLatin1StringView(standIns));
         evaluate(inlineScript());
@@ -89,17 +90,21 @@ private Q_SLOTS:
 
     void head()
     {
-        const QString html = youTubePage({ video, {} });
+        const QString html = youTubePage({ video, {} }, messages);
         QVERIFY(html.startsWith(QStringLiteral("<!doctype html>")));
         QVERIFY(html.contains(QStringLiteral(
             "<meta name=\"referrer\" content=\"strict-origin-when-cross-origin\">")));
+        QVERIFY(html.contains(QStringLiteral(
+            "html, body, #player { margin: 0; width: 100%; height: 100%; overflow: hidden; "
+            "background: #000; }")));
+        QVERIFY(html.contains(QStringLiteral("iframe { width: 100%; height: 100%; border: 0; }")));
         QVERIFY(html.contains(QStringLiteral(
             "<meta name=\"viewport\" content=\"width=device-width,initial-scale=1\">")));
     }
 
     void loadsTheServicesScriptBeforeItsOwn()
     {
-        const QString html = youTubePage({ video, {} });
+        const QString html = youTubePage({ video, {} }, messages);
         const auto place = html.indexOf(QStringLiteral("<div id=\"player\"></div>"));
         const auto script =
             html.indexOf(QStringLiteral("<script src=\"https://www.youtube.com/iframe_api\""));
@@ -143,12 +148,12 @@ private Q_SLOTS:
     {
         Page page({ video, {} });
         page.evaluate(QStringLiteral("onYouTubeIframeAPIReady()"));
-        QCOMPARE(page.json(QStringLiteral("said")), QStringLiteral("[\"zeph:script-runs\"]"));
+        QCOMPARE(page.json(QStringLiteral("said")), QStringLiteral("[\"zeph:script-runs key\"]"));
         QCOMPARE(page.calls(), QStringList());
         page.evaluate(QStringLiteral("options.events.onReady({ target: player })"));
         QCOMPARE(page.calls(), QStringList(QStringLiteral("playVideo()")));
         QCOMPARE(page.json(QStringLiteral("said")),
-            QStringLiteral("[\"zeph:script-runs\",\"zeph:ready\"]"));
+            QStringLiteral("[\"zeph:script-runs key\",\"zeph:ready key\"]"));
     }
 
     void functions_data()
