@@ -10,9 +10,15 @@ constexpr auto flagsVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
 // The desktop's media keys are not for a page behind the player's back.
 void keepMediaKeysFromPages()
 {
-    const QByteArray flags = qgetenv(flagsVariable);
-    if (!flags.contains("--disable-features"))
-        qputenv(flagsVariable, flags + " --disable-features=HardwareMediaKeyHandling");
+    // Of several lists of features the browser reads the last.
+    const QByteArray list = "--disable-features=";
+    QByteArray flags = qgetenv(flagsVariable);
+    const QByteArray ours = list + "HardwareMediaKeyHandling";
+    if (const qsizetype theirs = flags.lastIndexOf(list); theirs >= 0)
+        flags.replace(theirs, list.size(), ours + ',');
+    else
+        flags += ' ' + ours;
+    qputenv(flagsVariable, flags);
 }
 
 } // namespace
