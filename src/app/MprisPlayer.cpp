@@ -123,7 +123,8 @@ void MprisPlayer::SetPosition(const QDBusObjectPath &forTrack, qlonglong positio
 
 void MprisPlayer::OpenUri(const QString &uri)
 {
-    m_view.openUrl(QUrl(uri));
+    if (const QUrl url(uri); url.isValid())
+        m_view.openFromDesktop(url);
 }
 
 void MprisPlayer::tell(const QString &property)

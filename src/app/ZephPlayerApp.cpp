@@ -118,7 +118,7 @@ void ZephPlayerApp::tellThatNothingCanBeDrawn(const QString &reason)
 
 void ZephPlayerApp::openUrl(const QUrl &url)
 {
-    m_view.openUrl(url);
+    m_view.openFromDesktop(url);
 }
 
 } // namespace zeph

@@ -1,6 +1,10 @@
 #include "library/ContentView.h"
 
 #include "platform/PlayerNotifications.h"
+#include "platform/WebScheme.h"
+#include "sources/ChannelListFile.h"
+#include "sources/OKVideoContent.h"
+#include "sources/YouTubeContent.h"
 
 #include <QKeyEvent>
 
@@ -111,7 +115,28 @@ void ContentView::drop(const QList<QUrl> &urls)
 
 void ContentView::openUrl(const QUrl &url)
 {
-    m_model.play(url, url.fileName(), false);
+    m_model.play(url, std::nullopt, false);
+}
+
+void ContentView::openFromDesktop(const QUrl &url)
+{
+    if (YouTubeContent::fromUrl(url) || OKVideoContent::fromUrl(url)) {
+        openAddress(url);
+    } else if (isChannelListFile(url)) {
+        showNetworkSection();
+        m_model.openPlaylistFile(url);
+    } else if (hasWebScheme(url) && PlayerModel::isIPTVPlaylistURL(url)) {
+        showNetworkSection();
+        openAddress(url);
+    } else {
+        openUrl(url);
+    }
+}
+
+void ContentView::showNetworkSection()
+{
+    setSelectedSidebarSection(PlayerSidebarSection::Network);
+    m_controlBar.setShowSidebar(true, {});
 }
 
 } // namespace zeph

@@ -142,6 +142,9 @@ public:
     Q_INVOKABLE void drop(const QList<QUrl> &urls);
     /// Plays what the desktop hands over.
     void openUrl(const QUrl &url);
+    /// Opens what the desktop hands over: a list shows its channels in the sidebar, a service's
+    /// video its page; anything else plays.
+    void openFromDesktop(const QUrl &url);
 
     const QList<LocalM3UItemEditView *> &editForms() const { return m_editForms; }
     /// Opens the sheet for a new link.
@@ -190,6 +193,8 @@ private:
     void followPlaying();
     void mouseMoved(QWindow *window);
     void surfaceClicked();
+    void openAddress(const QUrl &url);
+    void showNetworkSection();
     void followWindowState(Qt::WindowStates states);
     bool handleKeyPress(const QKeyEvent &press);
     void setFullScreenControlsVisible(bool visible);

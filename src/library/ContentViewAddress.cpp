@@ -63,6 +63,12 @@ void ContentView::scheduleAutomaticOpen(const QString &text)
     });
 }
 
+void ContentView::openAddress(const QUrl &url)
+{
+    setAddress(url.toString(QUrl::FullyEncoded));
+    openStream();
+}
+
 void ContentView::openStream()
 {
     m_autoOpenTask.cancel();

@@ -133,6 +133,9 @@ public:
     /// Whether `url` names a list of channels. One that ends in "m3u8" names a stream.
     static bool isIPTVPlaylistURL(const QUrl &url);
 
+    /// Opens a file as a list of channels, which fills `playlist` some time later.
+    void openPlaylistFile(const QUrl &file);
+
     /// Lets the user choose a list of channels, fills `playlist` with it, and answers with its
     /// entries. Nothing when the user cancels or the list cannot be read. A blank name is none.
     std::optional<QList<PlaylistEntry>> importLocalM3U(const QString &displayName);

@@ -53,6 +53,20 @@ void PlayerModel::loadM3U(const QUrl &url, const QString &displayName, QUuid req
     });
 }
 
+void PlayerModel::openPlaylistFile(const QUrl &file)
+{
+    m_remoteRequestID = QUuid::createUuid();
+    publish(m_errorMessage, {}, &PlayerModel::errorMessageChanged);
+    publish(m_playlist, {}, &PlayerModel::playlistChanged);
+    publish(m_isLoading, true, &PlayerModel::isLoadingChanged);
+    publish(m_loadedBytes, qint64 { 0 }, &PlayerModel::loadedBytesChanged);
+    const FileBytes list = readFile(file.toLocalFile());
+    if (list.errorText.isEmpty())
+        readM3U(list.bytes, file, lastPathComponentWithoutExtension(file), m_remoteRequestID);
+    else
+        failLoading(list.errorText, m_remoteRequestID);
+}
+
 void PlayerModel::readM3U(
     const QByteArray &bytes, const QUrl &url, const QString &displayName, QUuid requestID)
 {

@@ -225,6 +225,10 @@ private:
 
     bool isOffered() { return m_widgetBus.interface()->isServiceRegistered(name); }
 
+        for (const QString &none : { QString(), QStringLiteral("http://[") }) {
+            widget.call(QStringLiteral("OpenUri"), { none });
+            QCOMPARE(player.model.currentURL(), shortClip());
+        }
     PrivateBus m_bus;
     QDBusConnection m_widgetBus = m_bus.connectAs(QStringLiteral("widget"));
 };

@@ -58,6 +58,30 @@ private Q_SLOTS:
         QCOMPARE(log.changes, QStringList({ QStringLiteral("playlist"), QStringLiteral("title") }));
     }
 
+    void opensAFileWithoutAsking()
+    {
+        PlayerModel model(m_panels);
+        model.openPlaylistFile(file(QStringLiteral("My list.1.m3u"), list));
+        QVERIFY(model.isLoading());
+        QTRY_VERIFY(!model.isLoading());
+        QCOMPARE(model.playlist().size(), 2);
+        QCOMPARE(model.playlist().at(0).url(), file(QStringLiteral("live/1.ts")));
+        QCOMPARE(model.title(), QStringLiteral("My list.1"));
+        QCOMPARE(model.errorMessage(), QString());
+        QVERIFY(m_panels.shown.isEmpty());
+
+        model.openPlaylistFile(file(QStringLiteral("empty.m3u"), {}));
+        QTRY_VERIFY(!model.isLoading());
+        QCOMPARE(model.errorMessage(),
+            QStringLiteral(
+                "Could not open playlist: No playable address was found in the playlist."));
+        QVERIFY(model.playlist().isEmpty());
+
+        model.openPlaylistFile(QUrl::fromLocalFile(QStringLiteral("/none.m3u")));
+        QVERIFY(!model.isLoading());
+        QVERIFY(model.errorMessage().startsWith(QStringLiteral("Could not open playlist: ")));
+    }
+
     void titles_data()
     {
         QTest::addColumn<QString>("fileName");
