@@ -26,9 +26,11 @@ MprisPlayer::MprisPlayer(ContentView &view, Tell tell, QObject *parent)
     const QString status = QStringLiteral("PlaybackStatus");
     const QString metadata = QStringLiteral("Metadata");
     tellWhen(&PlayerModel::isPlayingChanged, status);
-    tellWhen(&PlayerModel::youtubeContentChanged, status);
-    tellWhen(&PlayerModel::okVideoContentChanged, status);
-    tellWhen(&PlayerModel::currentURLChanged, status);
+    for (const auto sourceChanged : { &PlayerModel::youtubeContentChanged,
+             &PlayerModel::okVideoContentChanged, &PlayerModel::currentURLChanged }) {
+        tellWhen(sourceChanged, status);
+        tellWhen(sourceChanged, metadata);
+    }
     tellWhen(&PlayerModel::titleChanged, metadata);
     tellWhen(&PlayerModel::mediaLoadIDChanged, metadata);
     tellWhen(&PlayerModel::durationChanged, metadata);
@@ -61,7 +63,7 @@ QVariantMap MprisPlayer::metadata() const
     metadata[QStringLiteral("xesam:title")] = m_model.title();
     if (m_model.duration() > 0)
         metadata[QStringLiteral("mpris:length")] = qlonglong(m_model.duration() * microseconds);
-    if (!m_model.currentURL().isEmpty())
+    if (m_model.player()->currentItem())
         metadata[QStringLiteral("xesam:url")] = m_model.currentURL().toString(QUrl::FullyEncoded);
     return metadata;
 }

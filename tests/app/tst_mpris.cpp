@@ -20,6 +20,7 @@ const QString name = QStringLiteral("org.mpris.MediaPlayer2.zeph_player");
 const QString path = QStringLiteral("/org/mpris/MediaPlayer2");
 const QString rootInterface = QStringLiteral("org.mpris.MediaPlayer2");
 const QString playerInterface = QStringLiteral("org.mpris.MediaPlayer2.Player");
+const QUrl nowhere(QStringLiteral("http://127.0.0.1:9/live.m3u8"));
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 } // namespace
@@ -154,6 +155,30 @@ private Q_SLOTS:
         QVERIFY(!widget.metadata().contains(QStringLiteral("xesam:title")));
     }
 
+    void tellsThatNothingPlaysAnyMore()
+    {
+        Player player;
+        // Neither its title nor its length tells: both are what there is when nothing plays.
+        player.model.play(nowhere, QStringLiteral("Zeph Player"), true);
+        Widget widget(m_widgetBus);
+        QVERIFY(widget.metadata().contains(QStringLiteral("xesam:title")));
+        player.model.stop();
+        QTRY_VERIFY(widget.told.contains(QStringLiteral("Metadata")));
+        QVERIFY(!qdbus_cast<QVariantMap>(widget.told.value(QStringLiteral("Metadata")))
+                     .contains(QStringLiteral("xesam:title")));
+    }
+
+    void aPageHasNoAddressOfItsOwn()
+    {
+        Player player;
+        player.model.play(longClip(), {}, false);
+        const Widget widget(m_widgetBus);
+        player.model.show(OKVideoContent { QStringLiteral("123") }, QStringLiteral("A video"));
+        QCOMPARE(widget.metadata().value(QStringLiteral("xesam:title")).toString(),
+            QStringLiteral("A video"));
+        QVERIFY(!widget.metadata().contains(QStringLiteral("xesam:url")));
+    }
+
     void seeks()
     {
         Player player;
@@ -200,6 +225,10 @@ private Q_SLOTS:
         const Widget widget(m_widgetBus);
         widget.call(QStringLiteral("OpenUri"), { shortClip().toString() });
         QCOMPARE(player.model.currentURL(), shortClip());
+        for (const QString &none : { QString(), QStringLiteral("http://[") }) {
+            widget.call(QStringLiteral("OpenUri"), { none });
+            QCOMPARE(player.model.currentURL(), shortClip());
+        }
     }
 
     void aSecondPlayerHasANameOfItsOwn()
@@ -225,10 +254,6 @@ private:
 
     bool isOffered() { return m_widgetBus.interface()->isServiceRegistered(name); }
 
-        for (const QString &none : { QString(), QStringLiteral("http://[") }) {
-            widget.call(QStringLiteral("OpenUri"), { none });
-            QCOMPARE(player.model.currentURL(), shortClip());
-        }
     PrivateBus m_bus;
     QDBusConnection m_widgetBus = m_bus.connectAs(QStringLiteral("widget"));
 };
