@@ -101,10 +101,8 @@ void MediaPlayer::replaceCurrentItem(std::unique_ptr<MediaItem> item)
     forgetLoad();
     m_liveReload.reset();
     m_seekWhenOpen.reset();
-    m_seekTarget.reset();
     m_lastLanding.reset();
     m_seekLead = 0;
-    ++m_jumps;
     setCurrentTime(0);
     if (m_item) {
         openItem();
@@ -147,6 +145,8 @@ void MediaPlayer::forgetLoad()
     ++m_load;
     m_entry = 0;
     m_entryStarted = false;
+    ++m_jumps;
+    m_seekTarget.reset();
 }
 
 void MediaPlayer::failItem(const QString &errorText)
@@ -163,12 +163,15 @@ void MediaPlayer::failItem(const QString &errorText)
     item->update(state);
 }
 
-void MediaPlayer::onCommandFinished(quint64 command, qint64 entry)
+void MediaPlayer::onCommandFinished(quint64 command, bool accepted, qint64 entry)
 {
-    if (command == ticket(Purpose::Load, m_load))
+    if (command == ticket(Purpose::Load, m_load)) {
         m_entry = entry;
-    else if (command == ticket(Purpose::Seek, m_jumps))
+    } else if (command == ticket(Purpose::Seek, m_jumps)) {
         m_queuedJump = m_jumps;
+        if (!accepted)
+            abandonSeek();
+    }
 }
 
 void MediaPlayer::onFileStarted(qint64 entry)
@@ -248,7 +251,9 @@ void MediaPlayer::onFileEnded(qint64 entry, const QString &error)
 {
     if (entry != m_entry || m_entry == 0)
         return;
-    if (m_stage == Stage::Open || m_item->isLive())
+    if (m_stage == Stage::Open || m_item->isLive()) {
+        // The engine has nothing left to seek in: to be played again, the item is opened again.
+        m_reported.seekable = false;
         itemEnded();
     else
         failItem(error.isEmpty() ? tr("There is nothing to play at this address.") : error);

@@ -149,13 +149,14 @@ private:
     void updateTimeControlStatus();
     MediaItem::State reportedOf(MediaItem::State state) const;
     void seekInItem(double seconds);
+    void abandonSeek();
     void landed(double position);
     void requestPosition();
     void setCurrentTime(double seconds);
     void notifyTimeObservers();
     void callTimeObservers();
 
-    void onCommandFinished(quint64 command, qint64 entry);
+    void onCommandFinished(quint64 command, bool accepted, qint64 entry);
     void onFileStarted(qint64 entry);
     void onFileLoaded();
     void onFileEnded(qint64 entry, const QString &error);
@@ -186,7 +187,7 @@ private:
     quint64 m_queuedJump = 0; ///< The last jump that the engine has taken note of.
     quint64 m_startedJump = 0; ///< The last jump that it has begun with.
     std::optional<double> m_seekWhenOpen;
-    std::optional<double> m_seekTarget; ///< Until the engine has landed there.
+    std::optional<double> m_seekTarget; ///< Until the engine has landed there or refused.
     std::optional<double> m_lastLanding;
     double m_seekLead = 0; ///< Seconds before the target at which reading starts.
     double m_volume = 1;

@@ -43,6 +43,15 @@ void MediaPlayer::seekInItem(double seconds)
         ticket(Purpose::Seek, m_jumps));
 }
 
+// The engine has nothing to seek in any more.
+void MediaPlayer::abandonSeek()
+{
+    m_seekTarget.reset();
+    // The item may still be at the end that it was to leave.
+    observeEnd();
+    requestPosition();
+}
+
 // A container without an index (MPEG-TS is one) cannot tell where the last key picture before a
 // time is: reading starts somewhere before it, and the first picture may come too late. Then
 // reading has to start earlier, for the rest of the item.

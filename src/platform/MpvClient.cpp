@@ -123,7 +123,8 @@ void MpvClient::handleEvent(const mpv_event &event)
     case MPV_EVENT_COMMAND_REPLY:
         if (event.reply_userdata != 0) {
             const auto &reply = *static_cast<mpv_event_command *>(event.data);
-            Q_EMIT commandFinished(event.reply_userdata, playlistEntry(reply.result));
+            Q_EMIT commandFinished(
+                event.reply_userdata, event.error >= 0, playlistEntry(reply.result));
         }
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY: {

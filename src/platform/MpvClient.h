@@ -38,9 +38,10 @@ public:
     void request(quint64 question, const char *property, mpv_format format);
 
 Q_SIGNALS:
-    /// The core has taken note of the command, not carried it out. Of what it is to load, `entry`
-    /// is the number that comes back in `fileStarted` and `fileEnded`; otherwise it is 0.
-    void commandFinished(quint64 request, qint64 entry);
+    /// The core has taken note of the command, not carried it out; or has refused it. Of what it is
+    /// to load, `entry` is the number that comes back in `fileStarted` and `fileEnded`; otherwise
+    /// it is 0.
+    void commandFinished(quint64 request, bool accepted, qint64 entry);
     void fileStarted(qint64 entry);
     /// The file is open, and nothing but its head has been read. Whether its length is known tells
     /// at this moment only: later it counts as as long as what has been read of it.
