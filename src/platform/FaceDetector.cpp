@@ -45,12 +45,12 @@ public:
         if (m_loading.valid()
             && m_loading.wait_for(std::chrono::seconds(0)) == std::future_status::ready)
             m_finder = m_loading.get();
-        return m_finder != nullptr;
+        return !m_loading.valid();
     }
 
     QList<QRectF> faces(const QImage &picture) override
     {
-        return isReady() ? m_finder->faces(picture) : QList<QRectF>();
+        return isReady() && m_finder ? m_finder->faces(picture) : QList<QRectF>();
     }
 
 private:

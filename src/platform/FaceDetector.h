@@ -19,11 +19,12 @@ public:
 
     virtual ~FaceDetector() = default;
 
-    /// Ready when the libraries are there and have been tried once. Never when they cannot be
-    /// loaded; the reason is a warning, once in the life of the process.
+    /// Ready when the libraries are there and have been tried once. Also when they cannot be
+    /// loaded: then there are no faces, and the reason is a warning, once in the life of the
+    /// process.
     virtual bool isReady() = 0;
     /// The faces in a picture of 32 bits a pixel, as parts of its width and height, 0…1 from the
-    /// upper left. The surest comes first. None when detection fails.
+    /// upper left. The surest comes first. None when detection fails, or before it is ready.
     virtual QList<QRectF> faces(const QImage &picture) = 0;
 
     /// The one that the program shares for as long as anyone holds on to it. Begins to load.

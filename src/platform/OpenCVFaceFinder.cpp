@@ -93,8 +93,11 @@ private:
         std::vector<int> kept;
         cv::dnn::NMSBoxes(candidates, candidateScores, lowestScore, largestOverlap, kept);
         QList<QRectF> faces;
-        for (int candidate : kept)
-            faces << limitedToThePicture(candidates[static_cast<size_t>(candidate)]);
+        for (int candidate : kept) {
+            const QRectF face = limitedToThePicture(candidates[static_cast<size_t>(candidate)]);
+            if (!face.isEmpty())
+                faces << face;
+        }
         return faces;
     }
 

@@ -38,16 +38,15 @@ private Q_SLOTS:
         QVERIFY(modules.exists(QStringLiteral("zeph-face-finder.so")));
         const QtMessageHandler others = qInstallMessageHandler(keepWarning);
         const auto restore = qScopeGuard([others] { qInstallMessageHandler(others); });
-        // One that is made after the last is gone tries to load it again, and waits for that in the
-        // end.
+        // One that is made after the last is gone tries to load it again.
         for (int i = 0; i < 2; ++i) {
             const auto detector = FaceDetector::shared();
-            QTRY_COMPARE(warningsSoFar().size(), 1);
-            QVERIFY(!detector->isReady());
+            // Nobody waits for it in vain.
+            QTRY_VERIFY(detector->isReady());
+            QCOMPARE(warningsSoFar().size(), 1);
             QCOMPARE(detector->faces(QImage(FaceDetector::pictureSize, QImage::Format_RGB32)),
                 QList<QRectF>());
         }
-        QCOMPARE(warningsSoFar().size(), 1);
         const QString warning = warningsSoFar().constFirst();
         QVERIFY2(warning.startsWith(QStringLiteral("No faces are found: ")), qPrintable(warning));
         QVERIFY2(warning.contains(QStringLiteral("zeph-face-finder.so")), qPrintable(warning));
