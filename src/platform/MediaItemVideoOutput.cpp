@@ -25,6 +25,12 @@ void MediaItemVideoOutput::copyPixelBuffer(std::function<void(const QImage &)> r
     Q_EMIT copyWanted();
 }
 
+void MediaItemVideoOutput::cancelCopy()
+{
+    m_receive = {};
+    m_tap->dropCopy();
+}
+
 void MediaItemVideoOutput::deliverCopy()
 {
     const QImage copy = m_tap->takeCopy();

@@ -31,6 +31,8 @@ public:
     /// The copy is upright, 32 bits a pixel: in memory blue, green, red and 255. A layer that
     /// letterboxes gives its black bars, too.
     void copyPixelBuffer(std::function<void(const QImage &)> receive);
+    /// Asks no longer. The picture that was not received is new again.
+    void cancelCopy();
 
 Q_SIGNALS:
     /// For the layer: a copy was asked for.

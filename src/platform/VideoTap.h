@@ -17,17 +17,25 @@ public:
 
     const QSize copySize;
 
+    // For the main thread.
     bool hasNewPicture() const
     {
         const QMutexLocker lock(&m_mutex);
         return m_hasNewPicture;
     }
 
-    // For the main thread.
     void wantCopy()
     {
         const QMutexLocker lock(&m_mutex);
         m_isCopyWanted = true;
+    }
+    /// As if none had been wanted: a picture whose copy nobody has taken is new again.
+    void dropCopy()
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_isCopyWanted = false;
+        m_hasNewPicture = m_hasNewPicture || !m_copy.isNull();
+        m_copy = {};
     }
     /// Null when there is none. One that was asked for in the meantime is this one.
     QImage takeCopy()
@@ -49,10 +57,12 @@ public:
         const QMutexLocker lock(&m_mutex);
         return m_isCopyWanted && m_hasNewPicture;
     }
+    /// Not taken when it is no longer wanted.
     void putCopy(QImage copy)
     {
         const QMutexLocker lock(&m_mutex);
-        m_isCopyWanted = false;
+        if (!std::exchange(m_isCopyWanted, false))
+            return;
         m_hasNewPicture = false;
         m_copy = std::move(copy);
     }

@@ -16,8 +16,11 @@ void PlayerHostingView::setFaceDetector(std::shared_ptr<FaceDetector> detector)
 void PlayerHostingView::updateSmartTimer()
 {
     m_smartTimer.stop();
-    if (m_displayMode != PortraitDisplayMode::Smart)
+    if (m_displayMode != PortraitDisplayMode::Smart) {
+        if (m_videoOutput)
+            m_videoOutput->cancelCopy();
         return;
+    }
     if (!m_faceDetector)
         m_faceDetector = FaceDetector::shared();
     m_smartTimer.start();
@@ -35,8 +38,6 @@ void PlayerHostingView::trackLargestFace()
 
 void PlayerHostingView::followLargestFace(const QImage &picture)
 {
-    if (m_displayMode != PortraitDisplayMode::Smart)
-        return;
     const std::optional<QRectF> face = largestFace(m_faceDetector->faces(picture));
     m_horizontalPan = easedPan(m_horizontalPan, targetPan(face));
     updatePlayerFrame();

@@ -1,6 +1,7 @@
 // In a real window the column follows the largest face that the picture shows.
 #include "CalculatedNumbers.h"
 #include "Canvases.h"
+#include "support/FrameCount.h"
 #include "support/Patience.h"
 #include "VideoWindow.h"
 
@@ -119,6 +120,7 @@ private Q_SLOTS:
     void decayWithoutFaces();
     void portraitPictureStaysWhereItIs();
     void leavingKeepsThePan();
+    void leavingKeepsThePictureNew();
     void pausedPictureIsLookedAtOnce();
     void nothingToLookAt();
     void picturesWaitForTheDetector();
@@ -133,6 +135,7 @@ private Q_SLOTS:
 
 private:
     static void letTimerFire(const PlayerHostingView &view, int times);
+    static void fireTimer(const PlayerHostingView &view);
     static void followsTheLargePhotograph(const QString &clip, int faces, double place);
 };
 
@@ -145,6 +148,11 @@ void SmartModeTest::letTimerFire(const PlayerHostingView &view, int times)
 {
     QSignalSpy fired(&view.smartTimer(), &QTimer::timeout);
     QTRY_VERIFY(fired.count() >= times);
+}
+
+void SmartModeTest::fireTimer(const PlayerHostingView &view)
+{
+    QVERIFY(QMetaObject::invokeMethod(const_cast<QTimer *>(&view.smartTimer()), "timeout"));
 }
 
 void SmartModeTest::stepsTowardsAFace()
@@ -271,6 +279,32 @@ void SmartModeTest::leavingKeepsThePan()
     QVERIFY(isSame(view.horizontalPan(), pan + (0.5 - pan) * 0.35));
 }
 
+// A picture that was asked for but not looked at is looked at when the mode is chosen again.
+void SmartModeTest::leavingKeepsThePictureNew()
+{
+    VideoWindow video(size);
+    PlayerHostingView &view = video.hostingView();
+    const auto detector = finding({ faceAround(0.25) });
+    detector->ready = false;
+    view.setFaceDetector(detector);
+    video.open(QStringLiteral("grid.mkv"));
+    video.view().setDisplayMode(Mode::Smart);
+    QTRY_VERIFY(view.videoOutput()->hasNewPixelBuffer());
+    detector->ready = true;
+    fireTimer(view);
+    video.view().setDisplayMode(Mode::Manual);
+
+    const FrameCount drawn(video.window());
+    for (int i = 1; i <= 3; ++i) {
+        video.window().update();
+        QTRY_VERIFY(drawn.value() >= i);
+    }
+    QVERIFY(view.videoOutput()->hasNewPixelBuffer());
+    QCOMPARE(detector->calls, 0);
+    video.view().setDisplayMode(Mode::Smart);
+    QTRY_COMPARE(detector->calls, 1);
+}
+
 void SmartModeTest::pausedPictureIsLookedAtOnce()
 {
     VideoWindow video(size);
@@ -344,8 +378,7 @@ void SmartModeTest::windowGoesWhileACopyIsMade()
         video.view().setDisplayMode(Mode::Smart);
         QTRY_VERIFY(video.hostingView().videoOutput()->hasNewPixelBuffer());
         // The timer is slow; what it does is asked for at once, and not waited for.
-        QVERIFY(QMetaObject::invokeMethod(
-            const_cast<QTimer *>(&video.hostingView().smartTimer()), "timeout"));
+        fireTimer(video.hostingView());
         QCOMPARE(detector->calls, 0);
     }
 }

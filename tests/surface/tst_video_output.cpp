@@ -5,6 +5,7 @@
 #include "VideoWindow.h"
 
 #include "platform/MediaItemVideoOutput.h"
+#include "platform/VideoTap.h"
 
 using namespace zeph;
 
@@ -67,6 +68,7 @@ private Q_SLOTS:
     void isTheNewestWhilePlaying_data() { canvases(); }
     void isTheNewestWhilePlaying();
     void lastReceiverCounts();
+    void picturesStayNewWithoutACopy();
     void nothingOfOtherItems();
     void nothingWithoutAPicture();
 
@@ -206,6 +208,27 @@ void VideoOutputTest::lastReceiverCounts()
     output.ask();
     QTRY_COMPARE(output.copies.count(), 1);
     QCOMPARE(replaced, 0);
+}
+
+void VideoOutputTest::picturesStayNewWithoutACopy()
+{
+    const QImage copy(1, 1, QImage::Format_RGB32);
+    VideoTap tap(copy.size());
+    tap.pictureShown();
+    // It is there, but nobody has taken it.
+    tap.wantCopy();
+    tap.putCopy(copy);
+    QVERIFY(!tap.hasNewPicture());
+    tap.dropCopy();
+    QVERIFY(tap.hasNewPicture());
+    QVERIFY(!tap.isCopyDue());
+    QVERIFY(tap.takeCopy().isNull());
+    // It was being made.
+    tap.wantCopy();
+    tap.dropCopy();
+    tap.putCopy(copy);
+    QVERIFY(tap.hasNewPicture());
+    QVERIFY(tap.takeCopy().isNull());
 }
 
 void VideoOutputTest::nothingOfOtherItems()
