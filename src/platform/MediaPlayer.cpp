@@ -255,8 +255,9 @@ void MediaPlayer::onFileEnded(qint64 entry, const QString &error)
         // The engine has nothing left to seek in: to be played again, the item is opened again.
         m_reported.seekable = false;
         itemEnded();
-    else
+    } else {
         failItem(error.isEmpty() ? tr("There is nothing to play at this address.") : error);
+    }
 }
 
 void MediaPlayer::itemEnded()
@@ -348,6 +349,7 @@ void MediaPlayer::updateTimeControlStatus()
 
 void MediaPlayer::onPropertyChanged(const QByteArray &property, const QVariant &value)
 {
+    const int rotation = pictureRotation();
     if (property == "core-idle")
         m_reported.idle = value.toBool();
     else if (property == "eof-reached")
@@ -366,6 +368,8 @@ void MediaPlayer::onPropertyChanged(const QByteArray &property, const QVariant &
         m_reported.rotation = value.toDouble();
     else if (property == "current-tracks/video/demux-rotation")
         m_reported.trackRotation = value.toDouble();
+    if (pictureRotation() != rotation)
+        Q_EMIT pictureGeometryChanged();
 }
 
 // The engine reports one property after the other; only together they make sense: width and height,
@@ -377,7 +381,7 @@ void MediaPlayer::onReportsComplete()
     MediaItem *item = m_item.get();
     const MediaItem::State state = reportedOf(item->state());
     if (state.presentationSize != item->presentationSize()) {
-        Q_EMIT pictureRotationChanged();
+        Q_EMIT pictureGeometryChanged();
         notifyTimeObservers();
     }
     // While a seek is under way, an end is the one that it leaves.

@@ -86,7 +86,8 @@ Q_SIGNALS:
     void timeControlStatusChanged();
     /// The engine is loaded: a picture output can now draw from it.
     void engineReady();
-    void pictureRotationChanged();
+    /// The picture is of another size, or the output has to turn it otherwise.
+    void pictureGeometryChanged();
 
 private:
     friend class VideoLayer;
@@ -131,7 +132,6 @@ private:
     /// Degrees, clockwise, by which the output has to turn what the engine draws.
     int pictureRotation() const;
     void attachVideoOutput();
-    void detachVideoOutput();
     bool hasVideoOutput() const { return m_videoOutput == VideoOutput::Ready; }
     void videoOutputReady(bool openGL);
     void videoOutputLost();
@@ -151,6 +151,7 @@ private:
     void seekInItem(double seconds);
     void abandonSeek();
     void landed(double position);
+    void observeEnd();
     void requestPosition();
     void setCurrentTime(double seconds);
     void notifyTimeObservers();
@@ -161,7 +162,6 @@ private:
     void onFileLoaded();
     void onFileEnded(qint64 entry, const QString &error);
     void onPlaybackRestarted();
-    void observeEnd();
     void onPropertyChanged(const QByteArray &property, const QVariant &value);
     void onReportsComplete();
     void onAnswer(quint64 question, const QVariant &value);

@@ -21,11 +21,6 @@ void MediaPlayer::attachVideoOutput()
     m_videoOutput = VideoOutput::Awaited;
 }
 
-void MediaPlayer::detachVideoOutput()
-{
-    videoOutputLost();
-}
-
 void MediaPlayer::videoOutputReady(bool openGL)
 {
     m_videoOutput = VideoOutput::Ready;
@@ -52,7 +47,7 @@ void MediaPlayer::setEngineTurnsPictures(bool turns)
 {
     m_engineTurnsPictures = turns;
     m_client->setText("video-rotate", turns ? "0" : "no");
-    Q_EMIT pictureRotationChanged();
+    Q_EMIT pictureGeometryChanged();
 }
 
 } // namespace zeph

@@ -25,7 +25,7 @@ void VideoLayer::setPlayer(MediaPlayer *player)
         return;
     if (m_player) {
         m_player->disconnect(this);
-        m_player->detachVideoOutput();
+        m_player->videoOutputLost();
     }
     m_player = player;
     if (m_player) {
@@ -33,7 +33,7 @@ void VideoLayer::setPlayer(MediaPlayer *player)
         connect(m_player, &MediaPlayer::engineReady, this, &QQuickItem::update);
         connect(
             m_player, &MediaPlayer::currentItemChanged, this, &VideoLayer::onCurrentItemChanged);
-        connect(m_player, &MediaPlayer::pictureRotationChanged, this, &QQuickItem::update);
+        connect(m_player, &MediaPlayer::pictureGeometryChanged, this, &QQuickItem::update);
         m_player->attachVideoOutput();
     }
     followCurrentItem();

@@ -34,7 +34,7 @@ public:
     };
     void setGeometry(const Geometry &geometry);
 
-    /// While it is not shown nothing is drawn.
+    /// While it is not shown nothing is seen; the canvas is drawn on all the same.
     void setPictureShown(bool shown);
 
     /// Who is told of pictures and gets copies of them. May be null.

@@ -69,8 +69,7 @@ void PlayerHostingView::setDisplayMode(PortraitDisplayMode mode)
             m_horizontalPan = 0;
         updateSmartTimer();
     }
-    updateGravity();
-    updatePlayerFrame();
+    applyDisplayMode();
 }
 
 void PlayerHostingView::setFillScreen(bool fillScreen)
@@ -78,15 +77,15 @@ void PlayerHostingView::setFillScreen(bool fillScreen)
     if (fillScreen == m_fillScreen)
         return;
     m_fillScreen = fillScreen;
-    updateGravity();
-    updatePlayerFrame();
+    applyDisplayMode();
 }
 
-void PlayerHostingView::updateGravity()
+void PlayerHostingView::applyDisplayMode()
 {
     m_playerLayer->setGravity(m_displayMode == PortraitDisplayMode::Normal
             ? VideoGravity::ResizeAspect
             : VideoGravity::ResizeAspectFill);
+    updatePlayerFrame();
 }
 
 void PlayerHostingView::updatePlayerFrame()

@@ -84,7 +84,7 @@ private:
 
     void tapCurrentItem();
     void detachVideoOutput();
-    void updateGravity();
+    void applyDisplayMode();
     void updateSmartTimer();
     void trackLargestFace();
     void followLargestFace(const QImage &picture);

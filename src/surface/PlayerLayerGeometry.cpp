@@ -42,7 +42,7 @@ QRectF cropRectangle(PortraitDisplayMode mode, const QRectF &bounds)
 
 QRectF pannedVideoRectangle(QSizeF column, QSizeF presentationSize, double pan)
 {
-    // Below a lowest width, or the picture would be of unlimited height.
+    // A picture counts as no narrower than this, or it would be of unlimited height.
     constexpr double lowestAspect = 0.01;
     const double columnAspect =
         column.height() > 1.0 ? column.width() / column.height() : column.width();

@@ -20,7 +20,8 @@ struct PlayerLayerGeometry {
     double rotation = 0;
 };
 
-/// The part of the view that shows the picture: all of it, or a column of 9:16 in its middle.
+/// The part of the view that shows the picture: all of `bounds`, or a column of 9:16 in the middle
+/// of a rectangle of their size at 0, 0.
 QRectF cropRectangle(PortraitDisplayMode mode, const QRectF &bounds);
 
 /// The picture as large as it must be to cover a column of that size, moved sideways by `pan`
