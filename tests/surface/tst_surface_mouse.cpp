@@ -120,6 +120,7 @@ private Q_SLOTS:
     void dragOfANarrowView_data();
     void dragOfANarrowView();
     void dragEndsWithTheRelease();
+    void dragEndsWhenTheSurfaceGoes();
     void dragPansInManualOnly();
 
     void dragMovesTheWindow_data() { eachMode(); }
@@ -318,6 +319,22 @@ void SurfaceMouseTest::dragEndsWithTheRelease()
     mouse.release(middle);
     mouse.move({ 700, 250 });
     QCOMPARE(video.hostingView().horizontalPan(), 0.0);
+}
+
+// Without a release, which goes elsewhere.
+void SurfaceMouseTest::dragEndsWhenTheSurfaceGoes()
+{
+    VideoWindow video(size);
+    video.view().setDisplayMode(Mode::Manual);
+    QVERIFY(QTest::qWaitForWindowExposed(&video.window(), patience));
+    PlayerHostingView &view = video.hostingView();
+    QTest::mousePress(&video.window(), Qt::LeftButton, {}, middle);
+    QTest::mouseMove(&video.window(), { 675, 250 });
+    QCOMPARE(view.horizontalPan(), 0.5);
+    video.view().setVisible(false);
+    video.view().setVisible(true);
+    Mouse(view).move({ 500, 250 });
+    QCOMPARE(view.horizontalPan(), 0.5);
 }
 
 void SurfaceMouseTest::dragPansInManualOnly()
