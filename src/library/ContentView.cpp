@@ -59,7 +59,7 @@ void ContentView::sidebarShownOrHidden()
     if (showSidebar() && m_selectedSidebarSection == PlayerSidebarSection::Network) {
         // Once it has slid in.
         m_addressFocusTask.start(addressFocusDelay, [this] {
-            if (showSidebar())
+            if (showSidebar() && m_selectedSidebarSection == PlayerSidebarSection::Network)
                 setStreamAddressFocused(true);
         });
     } else {

@@ -115,8 +115,6 @@ ColumnLayout {
         function onIsStreamAddressFocusedChanged() {
             if (panel.view.isStreamAddressFocused)
                 addressField.forceActiveFocus();
-            else
-                addressField.focus = false;
         }
     }
 }

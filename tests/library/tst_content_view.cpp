@@ -146,6 +146,17 @@ private Q_SLOTS:
         QVERIFY(!focused.wait(400));
     }
 
+    void aSectionThatIsLeftAtOnceIsNotFocused()
+    {
+        ContentWindow test;
+        QVERIFY(test.isUp());
+        QSignalSpy focused(&test.view, &ContentView::isStreamAddressFocusedChanged);
+        test.view.controlBar()->toggleSidebar();
+        test.view.setSelectedSidebarSection(PlayerSidebarSection::LocalM3U);
+        outwait(ContentView::addressFocusDelay);
+        QVERIFY(focused.isEmpty());
+    }
+
     void buttonsChooseTheSection()
     {
         ContentWindow test;
@@ -216,6 +227,27 @@ private Q_SLOTS:
         QVERIFY(test.model.playlist().isEmpty());
         QCOMPARE(
             names(test.view.localM3UStore()->entries()), QStringList { QStringLiteral("Three") });
+    }
+
+    void anImportedListIsTakenOnce_data()
+    {
+        QTest::addColumn<PlayerSidebarSection>("section");
+        QTest::newRow("network") << PlayerSidebarSection::Network;
+        QTest::newRow("local") << PlayerSidebarSection::LocalM3U;
+    }
+    void anImportedListIsTakenOnce()
+    {
+        QFETCH(PlayerSidebarSection, section);
+        ContentWindow test;
+        const QString file = test.folder.filePath(QStringLiteral("list.m3u"));
+        write(file, "#EXTM3U\n#EXTINF:-1,One\nhttp://h/1\n");
+        test.panels.answer = QUrl::fromLocalFile(file);
+        test.view.setSelectedSidebarSection(section);
+        QSignalSpy changed(test.view.localM3UStore(), &LocalM3UStore::entriesChanged);
+        test.view.importLocalPlaylist();
+        QCOMPARE(changed.size(), 1);
+        LocalM3UStore stored(test.defaults, test.model, test.panels);
+        QCOMPARE(names(stored.entries()), QStringList { QStringLiteral("One") });
     }
 
     void openingPlaysUnderTheFileName()
