@@ -45,6 +45,7 @@ ApplicationWindow {
             required property MenuCommand modelData
 
             sequence: modelData.shortcut
+            autoRepeat: false
             onActivated: modelData.trigger()
         }
     }

@@ -81,8 +81,9 @@ Popup {
             contentY = Math.min(top, Math.max(contentY, top + item.height - height));
         }
 
-        Keys.onReturnPressed: sheet.form.save()
-        Keys.onEnterPressed: sheet.form.save()
+        // Not the key that is still held from opening the sheet.
+        Keys.onReturnPressed: event => { if (!event.isAutoRepeat) sheet.form.save(); }
+        Keys.onEnterPressed: event => { if (!event.isAutoRepeat) sheet.form.save(); }
         Keys.onEscapePressed: sheet.form.cancel()
 
         ColumnLayout {

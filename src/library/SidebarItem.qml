@@ -16,8 +16,9 @@ Item {
 
     signal clicked
 
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    // A key that is held is one press.
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
     Accessible.onPressAction: clicked()
     ToolTip.text: help

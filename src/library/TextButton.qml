@@ -9,9 +9,9 @@ Button {
     leftPadding: 10
     rightPadding: 10
 
-    // On a button the key means the button, everywhere else what it lies in.
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    // On a button the key means the button, everywhere else what it lies in. Held, it presses once.
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
     Accessible.name: text
     Accessible.description: help

@@ -9,9 +9,9 @@ T.AbstractButton {
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
 
-    // The space bar belongs to the player.
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    // The space bar belongs to the player. A key that is held is one press.
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked(); }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked(); }
 
     Accessible.name: help
     // Of themselves, Qt 6.4 has screen readers press no controls.

@@ -225,6 +225,9 @@ private Q_SLOTS:
         test.key(Qt::Key_Space);
         QVERIFY(!test.model.toastMessage().isEmpty()); // There is nothing to play.
         QCOMPARE(test.view.channels()->channelSearch(), QString());
+        test.model.stop();
+        QTest::simulateEvent(test.window, true, Qt::Key_Return, {}, QStringLiteral("\r"), true);
+        QVERIFY(test.model.currentURL().isEmpty()); // A key that is held plays once.
         test.key(Qt::Key_Up, Qt::ShiftModifier);
         QCOMPARE(test.model.toastMessage(), QStringLiteral("Volume: 100%"));
     }

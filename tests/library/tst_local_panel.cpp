@@ -186,6 +186,23 @@ private Q_SLOTS:
         QVERIFY(test.user.shows(count(1, 1)));
     }
 
+    void aHeldKeyPressesOnce()
+    {
+        Panel test;
+        QVERIFY(test.isUp());
+        const auto repeat = [&test] {
+            QTest::simulateEvent(test.window, true, Qt::Key_Return, {}, QStringLiteral("\r"), true);
+        };
+        test.user.find(addLink)->forceActiveFocus(Qt::TabFocusReason);
+        repeat();
+        QVERIFY(test.view.editForms().isEmpty());
+        QTest::keyClick(test.window, Qt::Key_Return);
+        QTRY_COMPARE(test.user.focused(), QStringLiteral("Channel or video name"));
+        repeat();
+        QCOMPARE(
+            test.view.editForms().constFirst()->property("errorMessage").toString(), QString());
+    }
+
     void aLinkIsEdited()
     {
         Panel test(2);
