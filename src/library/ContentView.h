@@ -140,7 +140,7 @@ public:
     Q_INVOKABLE bool acceptsDrop(const QList<QUrl> &urls) const;
     /// Plays the first file.
     Q_INVOKABLE void drop(const QList<QUrl> &urls);
-    /// Plays what the desktop hands over.
+    /// Plays a file or a stream.
     void openUrl(const QUrl &url);
     /// Opens what the desktop hands over: a list shows its channels in the sidebar, a service's
     /// video its page; anything else plays.
@@ -200,6 +200,8 @@ private:
     void setFullScreenControlsVisible(bool visible);
     void hideFullScreenControlsLater();
     void hideCursorIfUnused(QWindow &window);
+    /// A sheet or an alert.
+    bool isDialogOpen() const;
     void openEditSheet(
         const std::optional<PlaylistEntry> &entry, LocalM3UItemEditView::Save onSave);
     void closeEditSheet(LocalM3UItemEditView *form);

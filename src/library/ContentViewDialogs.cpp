@@ -5,6 +5,11 @@
 
 namespace zeph {
 
+bool ContentView::isDialogOpen() const
+{
+    return !m_editForms.isEmpty() || confirmingLocalClear() || confirmingLocalDelete();
+}
+
 void ContentView::addLocalEntry()
 {
     openEditSheet({}, [this](const PlaylistEntry::Fields &fields) { m_localM3UStore.add(fields); });

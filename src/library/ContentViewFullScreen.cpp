@@ -75,8 +75,8 @@ void ContentView::showFullScreenControls()
 void ContentView::hideFullScreenControlsLater()
 {
     m_controlsHideTask.start(controlsHideDelay, [this] {
-        // Not from under the hand that drags the slider: drags are no movements.
-        if (m_controlBar.seeking())
+        // Not from under the hand that drags a slider: drags are no movements.
+        if (m_controlBar.isDragged())
             hideFullScreenControlsLater();
         else
             setFullScreenControlsVisible(false);
@@ -112,7 +112,8 @@ void ContentView::scheduleCursorHideIfNeeded(QWindow &window)
 
 void ContentView::hideCursorIfUnused(QWindow &window)
 {
-    if (m_model.isPlaying() && &window == keyWindow() && isMouseOverPlayer(window))
+    if (m_model.isPlaying() && &window == keyWindow() && !isDialogOpen()
+        && isMouseOverPlayer(window))
         m_cursor.hideUntilMouseMoves();
 }
 

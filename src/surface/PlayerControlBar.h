@@ -28,6 +28,8 @@ class PlayerControlBar : public QObject {
     Q_PROPERTY(double seekRange READ seekRange NOTIFY seekRangeChanged)
     /// Where the seek slider stands, in seconds.
     Q_PROPERTY(double seekPosition READ seekPosition NOTIFY seekPositionChanged)
+    /// The user is dragging the volume slider.
+    Q_PROPERTY(bool settingVolume MEMBER m_settingVolume NOTIFY settingVolumeChanged)
 
     Q_PROPERTY(QList<zeph::DisplayModeItem> displayModes READ displayModes CONSTANT)
     Q_PROPERTY(zeph::portraitDisplay::Mode portraitMode READ portraitMode WRITE setPortraitMode
@@ -61,6 +63,9 @@ public:
 
     Q_INVOKABLE void setVolume(double volume);
 
+    /// The user is dragging one of the sliders.
+    bool isDragged() const { return m_seeking || m_settingVolume; }
+
     const QList<DisplayModeItem> &displayModes() const { return m_displayModes; }
     PortraitDisplayMode portraitMode() const { return m_portraitMode; }
     void setPortraitMode(PortraitDisplayMode mode);
@@ -85,6 +90,7 @@ Q_SIGNALS:
     void seekingChanged();
     void seekRangeChanged();
     void seekPositionChanged();
+    void settingVolumeChanged();
     void portraitModeChanged();
     void showSidebarChanged();
 
@@ -93,6 +99,7 @@ private:
     const QList<DisplayModeItem> m_displayModes = displayModeItems();
     bool m_seeking = false;
     double m_seekValue = 0; ///< Where the slider was dragged to, in seconds.
+    bool m_settingVolume = false;
     PortraitDisplayMode m_portraitMode = PortraitDisplayMode::Normal;
     bool m_showSidebar = false;
     std::chrono::milliseconds m_sidebarAnimation { 0 };

@@ -98,6 +98,7 @@ T.ToolBar {
             implicitWidth: 78
             help: qsTr("Volume")
             value: row.controlBar.model.volume
+            onPressedChanged: row.controlBar.settingVolume = pressed
             onValueChanged: row.controlBar.setVolume(value)
         }
         DisplayModeButton {

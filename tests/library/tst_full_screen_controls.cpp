@@ -104,8 +104,6 @@ private Q_SLOTS:
         QVERIFY(test.view.fullScreenControlsVisible());
         test.view.toggleFullScreen();
         QVERIFY(!test.view.fullScreenControlsVisible());
-        QSignalSpy changed(&test.view, &ContentView::fullScreenControlsVisibleChanged);
-        QVERIFY(!changed.wait(3000));
     }
 
     void inAWindowNothingComesOrGoes()
@@ -138,16 +136,26 @@ private Q_SLOTS:
         QVERIFY(!test.view.isCursorHidden());
     }
 
+    void controlsStayUnderTheHandThatDragsThem_data()
+    {
+        QTest::addColumn<QString>("slider");
+        QTest::newRow("position") << QStringLiteral("Position");
+        QTest::newRow("volume") << QStringLiteral("Volume");
+    }
     void controlsStayUnderTheHandThatDragsThem()
     {
+        QFETCH(QString, slider);
         ContentWindow test;
         QVERIFY(test.isUp());
         QVERIFY(test.goFullScreen());
+        const Driver user = test.driver();
         test.moveMouse({ 300, 300 });
-        test.view.controlBar()->setSeeking(true);
+        QTRY_VERIFY(user.shows(controls) && user.find(controls)->opacity() == 1);
+        const QPoint place = user.pointIn(slider).toPoint();
+        QTest::mousePress(test.window, Qt::LeftButton, {}, place);
         QSignalSpy changed(&test.view, &ContentView::fullScreenControlsVisibleChanged);
         QVERIFY(!changed.wait(3000));
-        test.view.controlBar()->setSeeking(false);
+        QTest::mouseRelease(test.window, Qt::LeftButton, {}, place);
         QTRY_VERIFY(!test.view.fullScreenControlsVisible());
     }
 
@@ -201,6 +209,59 @@ private Q_SLOTS:
         QVERIFY(test.play());
         test.moveMouse({ 300, 490 });
         QVERIFY(!test.view.isMouseOverPlayer(*test.window));
+        outwait(ContentView::cursorHideDelay);
+        QVERIFY(!test.view.isCursorHidden());
+    }
+
+    void theCursorStaysOverADialog_data()
+    {
+        QTest::addColumn<bool>("isSheet");
+        QTest::newRow("sheet") << true;
+        QTest::newRow("alert") << false;
+    }
+    void theCursorStaysOverADialog()
+    {
+        QFETCH(bool, isSheet);
+        ContentWindow test;
+        QVERIFY(test.isUp());
+        QVERIFY(test.play());
+        if (isSheet)
+            test.view.addLocalEntry();
+        else
+            test.view.setConfirmingLocalClear(true);
+        test.moveMouse({ 300, 300 });
+        outwait(ContentView::cursorHideDelay);
+        QVERIFY(!test.view.isCursorHidden());
+    }
+
+    void theCursorStaysOnceTheKeysGoElsewhere()
+    {
+        ContentWindow test;
+        QVERIFY(test.isUp());
+        test.moveMouse({ 300, 300 });
+        QVERIFY(test.play());
+        QWindow other;
+        other.setGeometry(950, 50, 100, 100);
+        other.show();
+        other.requestActivate();
+        QTRY_VERIFY(QGuiApplication::focusWindow() == &other);
+        test.moveMouse({ 310, 300 }); // Should it be hidden by now.
+        test.view.scheduleCursorHideIfNeeded(*test.window);
+        outwait(ContentView::cursorHideDelay);
+        QVERIFY(test.view.isMouseOverPlayer(*test.window));
+        QVERIFY(!test.view.isCursorHidden());
+    }
+
+    void theCursorStaysOnceTheMouseHasLeft()
+    {
+        ContentWindow test;
+        QVERIFY(test.isUp());
+        QVERIFY(test.play());
+        test.moveMouse({ 300, 300 });
+        QTRY_VERIFY(test.view.isMouseOverPlayer(*test.window));
+        QCoreApplication::processEvents(); // The display server's own word of the movement.
+        test.view.scheduleCursorHideIfNeeded(*test.window);
+        QCursor::setPos(5, 5); // Outside of the window, which is told of no movement.
         outwait(ContentView::cursorHideDelay);
         QVERIFY(!test.view.isCursorHidden());
     }
