@@ -113,7 +113,9 @@ void LocalM3UStore::replaceEntries(const QList<PlaylistEntry> &entries)
 
 void LocalM3UStore::importLocalPlaylist(const QString &displayName)
 {
-    if (const auto entries = m_model.importLocalM3U(displayName))
+    const auto entries = m_model.importLocalM3U(displayName);
+    // Where new lists of the model become the saved links, this one is there already.
+    if (entries && *entries != m_entries)
         replaceEntries(*entries);
 }
 
