@@ -124,7 +124,9 @@ QSGNode *LogoImage::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
         node->setTexture(window()->createTextureFromImage(m_image));
     // On whole pixels, so that its edges are sharp.
     const double ratio = window()->effectiveDevicePixelRatio();
-    const QSizeF drawn = QSizeF(m_image.size()) / ratio;
+    const QSize pixels =
+        m_image.size().scaled(neededPixels(), Qt::KeepAspectRatio).expandedTo({ 1, 1 });
+    const QSizeF drawn = QSizeF(pixels) / ratio;
     const auto snapped = [ratio](double position) { return std::round(position * ratio) / ratio; };
     node->setRect(
         QRectF({ snapped((width() - drawn.width()) / 2), snapped((height() - drawn.height()) / 2) },

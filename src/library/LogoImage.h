@@ -10,9 +10,9 @@
 
 namespace zeph {
 
-/// Draws the picture at an address in the middle of the item, whole and in its own proportions,
-/// never larger than it is. It is fetched only while the item is visible; hiding it cancels that.
-/// Main thread only, apart from the scene graph's own calls.
+/// Draws the picture at an address in the middle of the item, whole, in its own proportions and as
+/// large as the item has room for. It is fetched only while the item is visible; hiding it cancels
+/// that. Main thread only, apart from the scene graph's own calls.
 class LogoImage : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT

@@ -65,9 +65,12 @@ struct Logos : ContentWindow {
     }
     QColor colorIn(const QQuickItem *item) const
     {
-        const QPointF middle = item->mapToScene({ item->width() / 2, item->height() / 2 });
+        return colorAt(item, { item->width() / 2, item->height() / 2 });
+    }
+    QColor colorAt(const QQuickItem *item, QPointF point) const
+    {
         return window->grabWindow().pixelColor(
-            (middle * window->effectiveDevicePixelRatio()).toPoint());
+            (item->mapToScene(point) * window->effectiveDevicePixelRatio()).toPoint());
     }
 };
 
@@ -89,6 +92,26 @@ private Q_SLOTS:
         QTRY_VERIFY(test.shown().constFirst()->hasImage());
         QTRY_VERIFY(test.shown().constFirst()->mapToScene({}).x() > 0);
         QTRY_COMPARE(test.colorIn(test.shown().constFirst()), QColor(Qt::red));
+    }
+
+    void aSmallLogoFillsItsFrame()
+    {
+        Logos test;
+        QVERIFY(test.isUp());
+        test.server.serve(test.path(0), picture({ 8, 4 }));
+        test.save({ test.server.url(test.path(0)) });
+        QTRY_COMPARE(test.shown().size(), 1);
+        const LogoImage *logo = test.shown().constFirst();
+        QTRY_VERIFY(logo->hasImage());
+        QTRY_COMPARE(test.user.pointIn(QStringLiteral("Add M3U8 Link"), 0).x(), 10.0);
+        QCOMPARE(logo->size(), QSizeF(24, 24));
+        const QColor red(Qt::red);
+        QTRY_COMPARE(test.colorAt(logo, { 1, 12 }), red);
+        QCOMPARE(test.colorAt(logo, { 22, 12 }), red);
+        QCOMPARE(test.colorAt(logo, { 12, 7 }), red);
+        QCOMPARE(test.colorAt(logo, { 12, 16 }), red);
+        QVERIFY(test.colorAt(logo, { 12, 4 }) != red);
+        QVERIFY(test.colorAt(logo, { 12, 20 }) != red);
     }
 
     void aFileIsShownAtOnce()
