@@ -41,8 +41,9 @@ ChannelListModel::ChannelListModel(
 {
     connect(&m_nextPreparation, &QFutureWatcherBase::finished, this,
         &ChannelListModel::showNewestEntries);
-    connect(
-        &model, &PlayerModel::currentURLChanged, this, [this] { updateRoles({ IsCurrentRole }); });
+    for (const auto sourceChanged : { &PlayerModel::currentURLChanged,
+             &PlayerModel::youtubeContentChanged, &PlayerModel::okVideoContentChanged })
+        connect(&model, sourceChanged, this, [this] { updateRoles({ IsCurrentRole }); });
     connect(&store, &LocalM3UStore::entriesChanged, this, [this] {
         updateRoles({ IsSavedRole, SaveHelpRole, SaveSymbolRole });
     });
@@ -132,7 +133,9 @@ void ChannelListModel::saveToLocalM3U(int row)
 
 bool ChannelListModel::isCurrent(const PlaylistEntry &entry) const
 {
-    return !m_model.currentURL().isEmpty() && entry.url() == m_model.currentURL();
+    // The model keeps the address while a web page is shown in place of what was played.
+    const bool playsAddress = !m_model.youtubeContent() && !m_model.okVideoContent();
+    return playsAddress && !m_model.currentURL().isEmpty() && entry.url() == m_model.currentURL();
 }
 
 int ChannelListModel::rowCount(const QModelIndex &parent) const

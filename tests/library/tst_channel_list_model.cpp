@@ -142,6 +142,23 @@ private Q_SLOTS:
         QVERIFY(!at(*m_list, 1, Model::IsCurrentRole).toBool());
     }
 
+    void noRowIsCurrentWhileAPageIsShown()
+    {
+        m_list->setEntries({ channel(u"a"_s) }, {});
+        m_list->play(0);
+        QSignalSpy changed(&*m_list, &Model::dataChanged);
+        m_library->model.show(OKVideoContent { u"1"_s }, {});
+        QVERIFY(!at(*m_list, 0, Model::IsCurrentRole).toBool());
+        QVERIFY(!changed.isEmpty());
+        m_list->play(0);
+        QVERIFY(at(*m_list, 0, Model::IsCurrentRole).toBool());
+        changed.clear();
+        m_library->model.show(
+            *YouTubeContent::fromUrl(QUrl(u"https://youtu.be/dQw4w9WgXcQ"_s)), {});
+        QVERIFY(!at(*m_list, 0, Model::IsCurrentRole).toBool());
+        QVERIFY(!changed.isEmpty());
+    }
+
     void aSavedRowIsMarked()
     {
         m_list->setEntries({ channel(u"a"_s), channel(u"b"_s) }, {});
