@@ -14,7 +14,10 @@ ControlButton {
     T.ToolTip.visible: hovered && !down && !menu.item?.visible
     onClicked: {
         menu.active = true;
-        menu.item.popup(button, 0, -menu.item.height - 4);
+        if (menu.item.visible)
+            menu.item.close();
+        else
+            menu.item.popup(button, 0, -menu.item.height - 4);
     }
 
     // By its name, so that the window does not wait for what is opened later, if at all.

@@ -8,6 +8,9 @@ Menu {
 
     required property PlayerControlBar controlBar
 
+    // A press on its button is the button's, which closes it.
+    closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutsideParent
+
     Repeater {
         model: menu.controlBar.displayModes
         delegate: DisplayModeMenuItem {

@@ -183,6 +183,12 @@ private Q_SLOTS:
         user.find(sidebar)->forceActiveFocus(Qt::TabFocusReason);
         QTest::keyClick(test.window, Qt::Key_Return);
         QVERIFY(test.bar.showSidebar());
+        // Once, however long it is held.
+        for (const Qt::Key key : { Qt::Key_Return, Qt::Key_Enter })
+            QTest::simulateEvent(test.window, true, key, {}, QStringLiteral("\r"), true);
+        QVERIFY(test.bar.showSidebar());
+        QTest::keyClick(test.window, Qt::Key_Enter);
+        QVERIFY(!test.bar.showSidebar());
     }
 
     void theMenuSetsTheDisplayMode()
@@ -204,6 +210,23 @@ private Q_SLOTS:
         QVERIFY(user.state(QStringLiteral("Portrait Fill")).checked);
         QTest::keyClick(test.window, Qt::Key_Escape);
         QTRY_VERIFY(!user.shows(QStringLiteral("Smart Reframe")));
+    }
+
+    void aSecondClickClosesTheMenu()
+    {
+        BarWindow test;
+        QVERIFY(test.isUp());
+        const Driver user = test.driver();
+        const QString smart = QStringLiteral("Smart Reframe");
+        user.click(displayMode);
+        QTRY_VERIFY(user.shows(smart));
+        user.click(displayMode);
+        QTRY_VERIFY(!user.shows(smart));
+        // So does one elsewhere.
+        user.click(displayMode);
+        QTRY_VERIFY(user.shows(smart));
+        QTest::mouseClick(test.window, Qt::LeftButton, {}, { 20, 20 });
+        QTRY_VERIFY(!user.shows(smart));
     }
 
     void theMenuStaysInTheWindow()
