@@ -28,6 +28,9 @@ Item {
     // Also while it is over one of the buttons within.
     HoverHandler {
         id: hover
+        // Names are others' texts: the style's tool tip would take them for markup, and fetch what
+        // it names.
+        onHoveredChanged: item.ToolTip.toolTip.contentItem.textFormat = Text.PlainText
     }
     MouseArea {
         id: area

@@ -29,6 +29,20 @@ void collectRows(QQuickItem &item, QList<QQuickItem *> &rows)
         collectRows(*child, rows);
 }
 
+// Null when there is none.
+QQuickItem *shownText(QQuickItem &item, const QString &text)
+{
+    if (!item.isVisible())
+        return nullptr;
+    if (item.property("text") == text && item.property("textFormat").isValid())
+        return &item;
+    for (QQuickItem *child : item.childItems()) {
+        if (QQuickItem *found = shownText(*child, text))
+            return found;
+    }
+    return nullptr;
+}
+
 struct List : ContentWindow {
     Driver user = driver();
 
@@ -211,6 +225,9 @@ private Q_SLOTS:
         test.key(Qt::Key_Down);
         test.key(Qt::Key_Return);
         QCOMPARE(test.model.title(), QStringLiteral("Link 1"));
+        test.model.stop();
+        QTest::simulateEvent(test.window, true, Qt::Key_Return, {}, QStringLiteral("\r"), true);
+        QVERIFY(test.model.currentURL().isEmpty()); // A key that is held plays once.
         test.key(Qt::Key_Down);
         test.key(Qt::Key_Enter, Qt::KeypadModifier);
         QCOMPARE(test.model.title(), QStringLiteral("Link 2"));
@@ -225,9 +242,6 @@ private Q_SLOTS:
         test.key(Qt::Key_Space);
         QVERIFY(!test.model.toastMessage().isEmpty()); // There is nothing to play.
         QCOMPARE(test.view.channels()->channelSearch(), QString());
-        test.model.stop();
-        QTest::simulateEvent(test.window, true, Qt::Key_Return, {}, QStringLiteral("\r"), true);
-        QVERIFY(test.model.currentURL().isEmpty()); // A key that is held plays once.
         test.key(Qt::Key_Up, Qt::ShiftModifier);
         QCOMPARE(test.model.toastMessage(), QStringLiteral("Volume: 100%"));
     }
@@ -393,6 +407,22 @@ private Q_SLOTS:
         QCOMPARE(test.rows().size(), 1);
         QCOMPARE(test.rows().constFirst()->height(), 43.0);
         QCOMPARE(test.rows().constFirst()->width(), 226.0);
+    }
+
+    void aNameIsNoMarkupInItsToolTip()
+    {
+        List test(1);
+        QVERIFY(test.isUp());
+        PlaylistEntry::Fields fields = savedLinkFields(QStringLiteral("x"));
+        fields.name = QStringLiteral("<img src='qrc:/none.png'>");
+        const QString help = QStringLiteral("Play ") + fields.name;
+        test.view.localM3UStore()->replaceEntries({ PlaylistEntry(fields) });
+        QTRY_VERIFY(test.user.shows(help));
+        const QQuickItem *row = test.rows().constFirst();
+        QTest::mouseMove(test.window, row->mapToScene({ 20, 20 }).toPoint());
+        const QQuickItem *toolTip = nullptr;
+        QTRY_VERIFY((toolTip = shownText(*test.window->contentItem(), help)));
+        QCOMPARE(toolTip->property("textFormat").toInt(), int(Qt::PlainText));
     }
 };
 
