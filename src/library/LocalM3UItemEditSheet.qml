@@ -14,6 +14,7 @@ Popup {
     component Field: TextField {
         Layout.fillWidth: true
         selectByMouse: true
+        maximumLength: 0x7fffffff
         // The keys lead to a text to replace it, the mouse to a place within it.
         onActiveFocusChanged: {
             if (!activeFocus)

@@ -272,6 +272,19 @@ private Q_SLOTS:
         QCOMPARE(cursor(), 0);
     }
 
+    // A logo may be a whole picture.
+    void keepsALongAddress()
+    {
+        Fields fields = savedLinkFields(QStringLiteral("a"));
+        fields.logoURL = address(QStringLiteral("http://h/") + QString(40'000, u'x'));
+        SheetWindow sheet { PlaylistEntry(fields) };
+        QVERIFY(sheet.isUp());
+        sheet.press(Qt::Key_Return);
+        QTRY_COMPARE(sheet.saved.size(), 1);
+        QCOMPARE(
+            PlaylistEntry(sheet.saved.constFirst()).logoURL(), PlaylistEntry(fields).logoURL());
+    }
+
     void worksWithTheMouse()
     {
         SheetWindow sheet(fullEntry());
