@@ -68,9 +68,11 @@ void LocalM3UItemEditView::cancel()
 
 void LocalM3UItemEditView::chooseLogoFile()
 {
+    // Meanwhile a screen reader can still cancel the form.
+    const QPointer<LocalM3UItemEditView> form(this);
     const auto url =
         m_panels.chooseFile({ tr("Choose TV Logo"), tr("Pictures"), logoFileExtensions() });
-    if (url)
+    if (url && form)
         setLogoAddress(QString::fromLatin1(url->toEncoded()));
 }
 

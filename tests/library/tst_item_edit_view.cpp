@@ -317,6 +317,19 @@ private Q_SLOTS:
         QCOMPARE(form.text("logoAddress"), QStringLiteral("file:///l%20o.png"));
     }
 
+    // The sanitizer tells what is wrong.
+    void mayGoWhileALogoIsChosen()
+    {
+        StandInPanels panels;
+        panels.answer = QUrl(QStringLiteral("file:///logo.png"));
+        auto form =
+            std::make_unique<LocalM3UItemEditView>(std::nullopt, panels, [](const Fields &) {});
+        panels.meanwhile = [&form] { form.reset(); };
+        form->chooseLogoFile();
+        QCOMPARE(panels.shown.size(), 1);
+        QVERIFY(!form);
+    }
+
     void removesTheLogo()
     {
         Form form(fullEntry());

@@ -5,10 +5,14 @@
 
 #include <QList>
 
+#include <functional>
+
 class StandInPanels final : public zeph::FilePanels {
 public:
     /// What the next panels answer; nothing is a cancelled panel.
     std::optional<QUrl> answer;
+    /// Happens while the next files are chosen.
+    std::function<void()> meanwhile = [] {};
     QList<zeph::OpenPanel> shown;
     QList<zeph::SavePanel> shownSavePanels;
     QList<zeph::WarningAlert> warnings;
@@ -16,6 +20,7 @@ public:
     std::optional<QUrl> chooseFile(const zeph::OpenPanel &panel) override
     {
         shown << panel;
+        meanwhile();
         return answer;
     }
     std::optional<QUrl> chooseSaveFile(const zeph::SavePanel &panel) override
