@@ -71,8 +71,9 @@ QString SoakUser::act()
 
 bool SoakUser::rest()
 {
-    if (!closePanels() || !setFullScreen(false) || !chooseMode(normalMode) || !deleteAllLinks()
-        || !showSection(networkSection) || !m_player.pressButton(clearNetworkButton))
+    if (!closePanels() || !cancelWhatAsks() || !setFullScreen(false) || !chooseMode(normalMode)
+        || !deleteAllLinks() || !showSection(networkSection)
+        || !m_player.pressButton(clearNetworkButton))
         return false;
     if (m_player.shows(Role::TextField, movieNameField) && !toggleMovieName())
         return false;
@@ -122,7 +123,8 @@ bool SoakUser::answerPanel(const QString &title, const QString &path)
 
 bool SoakUser::closePanels()
 {
-    const QStringList titles { openPanel, importPanel, exportPanel };
+    // The keys open what the focus happens to be on.
+    const QStringList titles { openPanel, importPanel, logoPanel, exportPanel };
     return std::all_of(titles.cbegin(), titles.cend(), [](const QString &title) {
         return awaitThat([&title] {
             const XWindow open = panelCalled(title);
@@ -131,6 +133,14 @@ bool SoakUser::closePanels()
             return open.isNull();
         });
     });
+}
+
+bool SoakUser::cancelWhatAsks()
+{
+    const QString cancel = QStringLiteral("Cancel");
+    return !m_player.shows(Role::Button, cancel) || (m_player.pressButton(cancel) && awaitThat([&] {
+        return !m_player.shows(Role::Button, cancel);
+    }));
 }
 
 bool SoakUser::setFullScreen(bool fullScreen)

@@ -76,6 +76,8 @@ private:
     bool deleteAllLinks();
     bool answerPanel(const QString &title, const QString &path);
     bool closePanels();
+    /// Closes a sheet or an alert, if one is open.
+    bool cancelWhatAsks();
     bool setFullScreen(bool fullScreen);
     bool showSection(const QString &name);
     /// Those of a section that are in sight, whose sidebar it opens.

@@ -6,6 +6,7 @@
 inline const QString openMedia = QStringLiteral("Open Media");
 inline const QString openPanel = QStringLiteral("Choose Media to Play");
 inline const QString importPanel = QStringLiteral("Import M3U Playlist");
+inline const QString logoPanel = QStringLiteral("Choose TV Logo");
 inline const QString exportPanel = QStringLiteral("Export Local M3U Playlist");
 inline const QString clearNetworkButton =
     QStringLiteral("Clear playlist and stop network playback");
