@@ -4,12 +4,16 @@
 #include "app/ZephApplicationDelegate.h"
 #include "library/ContentView.h"
 #include "sources/OKVideoContent.h"
+#include "support/EngineTest.h"
 #include "support/StandInPanels.h"
 
 #include <QDir>
+#include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace zeph;
 
@@ -64,6 +68,7 @@ private Q_SLOTS:
             QStringLiteral("Mute (Ctrl+M)"),
         };
         QCOMPARE(lines(menus.playback()), expected);
+        menus.playback()[2]->trigger(); // A divider does nothing.
     }
 
     void keys()
@@ -133,9 +138,32 @@ private Q_SLOTS:
         PlayerModel model(m_panels);
         ContentView content(model, m_defaults, m_panels);
         const MenuCommands menus(content);
-        for (MenuCommand *command : menus.playback()) {
-            command->trigger(); // Dividers among them do nothing.
-            QVERIFY(!command->isDivider() || command->title().isEmpty());
+        model.play(longClip(), {}, false);
+        QTRY_VERIFY(model.duration() > 29);
+        model.togglePlayback();
+        const auto comesTo = [&model](double seconds) {
+            return QTest::qWaitFor(
+                [&] { return std::abs(model.currentTime() - seconds) < 1; }, patience);
+        };
+        struct Skip {
+            QString title;
+            double from;
+            double to;
+        };
+        for (const Skip &skip : { Skip { QStringLiteral("Back 5 Seconds"), 25, 20 },
+                 Skip { QStringLiteral("Forward 5 Seconds"), 5, 10 },
+                 Skip { QStringLiteral("Back 20 Seconds"), 25, 5 },
+                 Skip { QStringLiteral("Forward 20 Seconds"), 5, 25 },
+                 Skip { QStringLiteral("Back 60 Seconds"), 25, 0 },
+                 Skip { QStringLiteral("Forward 60 Seconds"), 5, model.duration() } }) {
+            model.player()->seek(skip.from);
+            QVERIFY(comesTo(skip.from));
+            const QList<MenuCommand *> commands = menus.playback();
+            const auto found = std::find_if(commands.begin(), commands.end(),
+                [&skip](const MenuCommand *command) { return command->title() == skip.title; });
+            QVERIFY(found != commands.end());
+            (*found)->trigger();
+            QVERIFY2(comesTo(skip.to), qPrintable(skip.title));
         }
     }
 
@@ -170,5 +198,11 @@ private:
     UserDefaults m_defaults { m_folder.filePath(QStringLiteral("settings")) };
 };
 
-QTEST_MAIN(MenuCommandsTest)
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    MenuCommandsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_menu_commands.moc"

@@ -1,6 +1,7 @@
 // The main window's title, sizes and fit, with real windows and a real window manager.
 #include "app/WindowFit.h"
 #include "app/WindowTitleSetter.h"
+#include "app/WindowTitleSetterCoordinator.h"
 #include "support/EngineTest.h"
 #include "support/XWindow.h"
 
@@ -119,6 +120,15 @@ private Q_SLOTS:
         test.set("sidebarVisible", false);
         QTRY_VERIFY(test.window.minimumSize() == QSize(520, 360));
         QCOMPARE(test.window.size(), QSize(780, 430));
+    }
+
+    void aHighWindowKeepsItsHeightForTheSidebar()
+    {
+        TitledWindow test;
+        test.window.resize(600, 500);
+        QVERIFY(test.show());
+        test.set("sidebarVisible", true);
+        QTRY_VERIFY(test.window.size() == QSize(780, 500));
     }
 
     void aWideWindowKeepsItsSizeForTheSidebar()
@@ -299,9 +309,16 @@ private Q_SLOTS:
 
     void aWindowThatIsGoneIsNotFitted()
     {
-        TitledWindow test;
-        test.load(16.0 / 9);
-        QCoreApplication::processEvents();
+        const QUuid id = QUuid::createUuid();
+        WindowTitleSetter setter;
+        auto window = std::make_unique<QQuickWindow>();
+        setter.setParentItem(window->contentItem());
+        setter.setProperty("mediaLoadID", QVariant::fromValue(id));
+        setter.setProperty("videoAspectRatio", 16.0 / 9);
+        setter.setProperty("videoAspectMediaLoadID", QVariant::fromValue(id));
+        QCoreApplication::processEvents(); // From now on it is about to be fitted.
+        window.reset();
+        outwait(WindowTitleSetter::Coordinator::fitDelay);
     }
 };
 
