@@ -1,3 +1,5 @@
+# How the targets of this project are made.
+
 # Half of the build time of a small file is Qt's own headers. One precompiled header serves all
 # targets: each takes 150 MB, and targets are many. Those with other compiler options cannot use it.
 add_library(zeph_precompiled_headers OBJECT "${CMAKE_CURRENT_LIST_DIR}/PrecompiledHeaders.cpp")

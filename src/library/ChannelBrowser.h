@@ -69,7 +69,7 @@ public:
     }
     /// Those of it that are shown, once it is prepared.
     QList<PlaylistEntry> filteredPlaylist();
-    /// The saved links that are shown when they are.
+    /// The saved links that are shown when they are; their list takes the criteria to tell.
     QList<PlaylistEntry> filteredLocalEntries();
     /// The countries of the selected section's list, in the order of their English names. Waits
     /// until a large list is prepared, as the following does.

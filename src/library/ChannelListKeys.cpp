@@ -68,9 +68,8 @@ void ChannelListKeys::setList(QQuickItem *list)
     if (m_list == list)
         return;
     watch(m_list, list);
-    if (list) {
+    if (list)
         connect(list, &QQuickItem::activeFocusChanged, this, &ChannelListKeys::startWhereNone);
-    }
     Q_EMIT listChanged();
 }
 

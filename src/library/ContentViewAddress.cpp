@@ -7,16 +7,16 @@ namespace zeph {
 
 namespace {
 
-bool isBlank(QChar character)
+bool isSpaceOrTab(QChar character)
 {
     return character == QLatin1Char('\t') || character.category() == QChar::Separator_Space;
 }
 
 QString withoutBlanksAround(QStringView text)
 {
-    while (!text.isEmpty() && isBlank(text.front()))
+    while (!text.isEmpty() && isSpaceOrTab(text.front()))
         text = text.sliced(1);
-    while (!text.isEmpty() && isBlank(text.back()))
+    while (!text.isEmpty() && isSpaceOrTab(text.back()))
         text.chop(1);
     return text.toString();
 }

@@ -118,13 +118,13 @@ public:
     /// Limited to 0…1; 0 also mutes. Not-a-number is ignored.
     Q_INVOKABLE void setVolume(double value);
     /// Changes the volume by a part of the full one, to whole per cent, and shows it.
-    Q_INVOKABLE void adjustVolume(double delta);
+    void adjustVolume(double delta);
     /// Renames a live stream; nothing else has a title that changes.
     void updateStreamTitle(const QString &name);
 
     /// Opens an address as it was typed or pasted: a video page, a list of channels, which fills
     /// `playlist` some time later, or a stream. A blank name is none.
-    Q_INVOKABLE void openRemote(const QString &address, const QString &displayName);
+    void openRemote(const QString &address, const QString &displayName);
     /// The address within what was typed or pasted: without blanks around it, without angle
     /// brackets, and out of a Markdown link.
     static QString normalizedRemoteAddress(const QString &text);
@@ -141,9 +141,9 @@ public:
     std::optional<QList<PlaylistEntry>> importLocalM3U(const QString &displayName);
 
     /// Forgets the list and whatever came from the network, and stops.
-    Q_INVOKABLE void clearNetworkStream();
+    void clearNetworkStream();
     /// Leaves nothing to replay but a local file.
-    Q_INVOKABLE void discardLastRemoteSource();
+    void discardLastRemoteSource();
 
     /// Plays what was stopped, or tells that there is nothing.
     void replayLastSourceOrShowToast();
@@ -152,7 +152,7 @@ public:
 
     /// From now on the keys control the player, unless what has the focus needs them, and the
     /// mouse's moves are notified as `playerMouseMoved`. A second call does nothing.
-    Q_INVOKABLE void installKeyboardShortcuts();
+    void installKeyboardShortcuts();
 
 Q_SIGNALS:
     void titleChanged();
@@ -187,12 +187,13 @@ private:
     void observeTime(double seconds);
     void publishAspectRatio(double ratio);
     void clearAspectRatio();
-    void beginWebLoad();
-    void showWebContent(const std::optional<YouTubeContent> &youtube,
-        const std::optional<OKVideoContent> &okVideo, const QString &title);
     void applyVolume();
     void applyMute();
     void bringPageUpToDate();
+    void beginWebLoad();
+    void leaveWebContent();
+    void showWebContent(const std::optional<YouTubeContent> &youtube,
+        const std::optional<OKVideoContent> &okVideo, const QString &title);
 
     void loadM3U(const QUrl &url, const QString &displayName, QUuid requestID);
     void readM3U(

@@ -10,7 +10,6 @@ HelpedButton {
 
     implicitWidth: prominent ? 27 : 23
     implicitHeight: 19
-    opacity: enabled ? 1 : 0.4
 
     background: Rectangle {
         radius: 4
