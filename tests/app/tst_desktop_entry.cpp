@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMimeDatabase>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -50,6 +51,18 @@ private Q_SLOTS:
         QVERIFY(!types.isEmpty());
         QVERIFY(std::any_of(types.begin(), types.end(),
             [this](const QMimeType &type) { return m_types.contains(type.name()); }));
+    }
+
+    void softwareCentresAreToldTheSame()
+    {
+        QFile file(QStringLiteral(ZEPH_DESKTOP_FOLDER "/zeph-player.metainfo.xml"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        static const QRegularExpression mediatype(QStringLiteral("<mediatype>(.*)</mediatype>"));
+        QStringList types;
+        for (auto match = mediatype.globalMatch(QString::fromUtf8(file.readAll()));
+             match.hasNext();)
+            types << match.next().captured(1);
+        QCOMPARE(types, m_types);
     }
 
 private:
