@@ -169,7 +169,7 @@ BENCHMARK(scrollEndToEnd)->Apply(forAllSizes)->Iterations(1);
 
 int main(int argc, char *argv[])
 {
-    returnFreedMemory();
+    keepNoFreedMemory();
     QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");

@@ -6,14 +6,14 @@
 #include <utility>
 #include <vector>
 
-/// Started when it is made, ended when it is destroyed. What it prints is thrown away.
+/// A program and its arguments.
 using Command = std::vector<std::string>;
 
+/// Started when it is made, ended when it is destroyed. What it prints is thrown away.
 class Program {
 public:
     /// `environment` holds NAME=VALUE texts that are added to ours.
-    explicit Program(
-        const std::vector<std::string> &command, const std::vector<std::string> &environment = {});
+    explicit Program(const Command &command, const std::vector<std::string> &environment = {});
     ~Program();
     Program(const Program &) = delete;
     Program &operator=(const Program &) = delete;

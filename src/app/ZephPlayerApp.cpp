@@ -25,7 +25,7 @@ namespace zeph {
 
 int ZephPlayerApp::run(int argc, char *argv[])
 {
-    returnFreedMemory();
+    keepNoFreedMemory();
 
     QCoreApplication::setApplicationName(QStringLiteral("Zeph Player"));
     QCoreApplication::setOrganizationName(QStringLiteral("ZephPlayer"));

@@ -19,7 +19,8 @@ namespace zeph {
 class FilePanels;
 class PlayerModel;
 
-/// The list of saved links, newest first, which is stored whole with every change.
+/// The list of saved links, which is stored whole with every change. New ones go to its front; an
+/// imported list keeps its order.
 ///
 /// Several windows and processes of one user may change the list: each change starts from what is
 /// stored by then, and is made to that. A list that could not be stored stays as it is here, with
@@ -62,13 +63,13 @@ public:
     void update(const PlaylistEntry::Fields &fields);
     /// Removes every entry with the id of `entry`, and shows a toast.
     void remove(PlaylistEntry entry);
-    Q_INVOKABLE void clear();
+    void clear();
     /// Puts a list that was opened in place of this one. An empty one changes nothing.
     void replaceEntries(const QList<PlaylistEntry> &entries);
     /// Lets the user choose a list, which the model opens under `displayName`, and puts it in place
     /// of this one. Changes nothing when the user cancels or the list cannot be read, of which the
     /// model tells.
-    Q_INVOKABLE void importLocalPlaylist(const QString &displayName);
+    void importLocalPlaylist(const QString &displayName);
 
     /// Stores the list as it is here, whatever is stored. Every change does so by itself.
     void persist();

@@ -10,7 +10,7 @@
 
 namespace zeph {
 
-void returnFreedMemory()
+void keepNoFreedMemory()
 {
 #ifdef __GLIBC__
     // One heap for all threads. With one each, what a thread freed is of no use to the others:

@@ -24,7 +24,7 @@ public:
         std::optional<AddressText> logoURL;
         /// Copies of one QString stay copies of it: entries of the same group share its text.
         std::optional<QString> groupTitle;
-        /// Two letters, upper case.
+        /// As a list or the user gave it: mostly two letters.
         std::optional<QString> countryCode;
     };
 

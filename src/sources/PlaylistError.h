@@ -6,7 +6,7 @@
 namespace zeph {
 
 enum class PlaylistError {
-    /// The bytes could not be turned into text.
+    /// The bytes could not be turned into text; as Latin-1 takes any, this does not happen yet.
     invalidEncoding,
     /// The text has no address.
     empty,

@@ -22,7 +22,7 @@ public:
     /// Nothing when `url` is not an address of the service, or names neither video nor playlist.
     static std::optional<YouTubeContent> fromUrl(const QUrl &url);
 
-    /// The same for equal contents only.
+    /// Tells contents apart: that of a video differs with the playlist.
     QString id() const;
 
     bool operator==(const YouTubeContent &) const = default;

@@ -55,7 +55,7 @@ class FreedMemoryTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { returnFreedMemory(); }
+    void initTestCase() { keepNoFreedMemory(); }
 
     void theMainThreadsGoesBack()
     {
