@@ -1,7 +1,9 @@
 #include "SoakUser.h"
 #include "SoakWays.h"
 
+#include <functional>
 #include <numeric>
+#include <utility>
 
 SoakUser::SoakUser(
     const SidebarPlayer &player, AccessibilityBus &bus, const SoakMedia &media, quint32 seed)
@@ -69,21 +71,43 @@ QString SoakUser::act()
     return {};
 }
 
-bool SoakUser::rest()
+QString SoakUser::rest()
 {
-    if (!closePanels() || !cancelWhatAsks() || !setFullScreen(false) || !chooseMode(normalMode)
-        || !deleteAllLinks() || !showSection(networkSection)
-        || !m_player.pressButton(clearNetworkButton))
-        return false;
-    if (m_player.shows(Role::TextField, movieNameField) && !toggleMovieName())
-        return false;
-    if (!m_player.pressButton(sidebarButton)
-        || !awaitThat([this] { return !m_player.shows(Role::Panel, sidebar); }))
-        return false;
+    const std::pair<const char *, std::function<bool()>> steps[] {
+        { "close the panels", [this] { return closePanels(); } },
+        { "close the menus", [this] { return closeMenus(); } },
+        { "cancel what asks", [this] { return cancelWhatAsks(); } },
+        { "leave full screen", [this] { return setFullScreen(false); } },
+        { "choose the normal mode", [this] { return chooseMode(normalMode); } },
+        { "delete all links", [this] { return deleteAllLinks(); } },
+        { "show the network section", [this] { return showSection(networkSection); } },
+        { "clear the network", [this] { return m_player.pressButton(clearNetworkButton); } },
+        { "hide the movie's name",
+            [this] {
+                return !m_player.shows(Role::TextField, movieNameField) || toggleMovieName();
+            } },
+        { "close the sidebar", [this] { return closeSidebar(); } },
+        { "shrink the window", [this] { return shrinkWindow(); } },
+        { "see an empty window", [this] { return bool(m_player.await(Role::Button, openMedia)); } },
+    };
+    for (const auto &[name, perform] : steps) {
+        if (!perform())
+            return QLatin1StringView(name);
+    }
+    return {};
+}
+
+bool SoakUser::closeSidebar()
+{
+    return m_player.pressButton(sidebarButton)
+        && awaitThat([this] { return !m_player.shows(Role::Panel, sidebar); });
+}
+
+bool SoakUser::shrinkWindow()
+{
     moveMouse({ 0, 0 });
     resize(m_player.window(), restSize);
-    return awaitThat([this] { return m_player.window().contents().size() == restSize; })
-        && m_player.await(Role::Button, openMedia);
+    return awaitThat([this] { return m_player.window().contents().size() == restSize; });
 }
 
 bool SoakUser::chooseAnyMenuItem()
@@ -132,6 +156,16 @@ bool SoakUser::closePanels()
                 open.press(QStringLiteral("Escape"));
             return open.isNull();
         });
+    });
+}
+
+bool SoakUser::closeMenus()
+{
+    return awaitThat([this] {
+        const bool isNoneOpen = m_player.findAll(Role::MenuItem).isEmpty();
+        if (!isNoneOpen)
+            press("Escape");
+        return isNoneOpen;
     });
 }
 

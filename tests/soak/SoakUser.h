@@ -16,8 +16,9 @@ public:
 
     /// Does something that is possible now, and tells what.
     QString act();
-    /// Closes everything: leaves an empty window of a certain size. False when that cannot be done.
-    bool rest();
+    /// Closes everything: leaves an empty window of a certain size. Answers with the step that
+    /// could not be done; empty when all could.
+    QString rest();
     /// How often each thing was done; those that are only possible at times may be missing.
     const QMap<QString, int> &counts() const { return m_counts; }
 
@@ -76,8 +77,11 @@ private:
     bool deleteAllLinks();
     bool answerPanel(const QString &title, const QString &path);
     bool closePanels();
+    bool closeMenus();
     /// Closes a sheet or an alert, if one is open.
     bool cancelWhatAsks();
+    bool closeSidebar();
+    bool shrinkWindow();
     bool setFullScreen(bool fullScreen);
     bool showSection(const QString &name);
     /// Those of a section that are in sight, whose sidebar it opens.

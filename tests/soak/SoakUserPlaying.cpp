@@ -58,7 +58,7 @@ bool SoakUser::chooseMode()
 
 bool SoakUser::chooseMode(const QString &mode)
 {
-    if (!setFullScreen(false) || !m_player.pressButton(modeButton)
+    if (!closeMenus() || !setFullScreen(false) || !m_player.pressButton(modeButton)
         || !m_player.press(Role::MenuItem, mode))
         return false;
     const auto isClosed = [&] { return !m_player.shows(Role::MenuItem, mode); };

@@ -26,7 +26,10 @@ void say(const QString &text)
 class Soak {
 public:
     Soak(AccessibilityBus &bus, const SoakMedia &media, const QString &file, quint32 seed)
-        : m_record(file), m_player(bus, { clip("colours.mp4") }), m_user(m_player, bus, media, seed)
+        : m_record(file)
+        , m_picture(file + QStringLiteral(".png"))
+        , m_player(bus, { clip("colours.mp4") })
+        , m_user(m_player, bus, media, seed)
     {
     }
 
@@ -46,8 +49,9 @@ public:
                     return false;
             }
             waitUntil((minute + 1) * millisecondsOfAMinute - restTime);
-            if (!m_user.rest())
-                return fail(QStringLiteral("the program cannot be brought to rest"));
+            if (const QString step = m_user.rest(); !step.isEmpty())
+                return fail(
+                    QStringLiteral("the program cannot be brought to rest: cannot ") + step);
             QTest::qWait(settlingTime);
             sample(true);
         }
@@ -101,6 +105,7 @@ private:
                 .arg(m_clock.elapsed() / millisecondsOfAMinute)
                 .arg(m_actions)
                 .arg(reason));
+        m_player.window().picture().save(m_picture);
         return false;
     }
 
@@ -111,6 +116,7 @@ private:
     }
 
     SoakRecord m_record;
+    const QString m_picture; ///< Shows the window when something fails.
     SidebarPlayer m_player;
     SoakUser m_user;
     AccessibleObject m_frame;
