@@ -38,6 +38,13 @@ private Q_SLOTS:
         m_settings = std::make_unique<OwnSettings>();
     }
 
+    void theWindowHasAnIcon()
+    {
+        const Player player(m_bus);
+        QVERIFY(player.await(Role::Button, playButton));
+        QTRY_VERIFY(player.window().hasIcon());
+    }
+
     void opensAFile()
     {
         Player player(m_bus);

@@ -87,6 +87,15 @@ QImage XWindow::picture() const
     return QGuiApplication::primaryScreen()->grabWindow(m_id.toULongLong()).toImage();
 }
 
+bool XWindow::hasIcon() const
+{
+    const QStringList pixels { QStringLiteral("-id"), m_id, QStringLiteral("-notype"),
+        QStringLiteral("32x"), QStringLiteral("_NET_WM_ICON") };
+    // Ours begin with the smallest. A window without any is given a larger one by openbox.
+    const QString sixteenBySixteen = QStringLiteral("= 0x10, 0x10,");
+    return !isNull() && answerOf(QStringLiteral("xprop"), pixels).contains(sixteenBySixteen);
+}
+
 void XWindow::press(const QString &keys) const
 {
     xdotool({ QStringLiteral("windowfocus"), QStringLiteral("--sync"), m_id, QStringLiteral("key"),

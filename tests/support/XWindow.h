@@ -30,6 +30,8 @@ public:
     /// The contents with the frame around them.
     QRect frame() const;
     QImage picture() const;
+    /// Whether it has told the desktop an icon of its own.
+    bool hasIcon() const;
 
     /// Gives it the keyboard and presses keys, in xdotool's words.
     void press(const QString &keys) const;
