@@ -1,6 +1,5 @@
 // The network panel, used as its user would.
-#include "ContentWindow.h"
-#include "support/TestServer.h"
+#include "NetworkPanel.h"
 
 #include <QClipboard>
 #include <QSignalSpy>
@@ -9,19 +8,13 @@ using namespace zeph;
 
 namespace {
 
-const QString addressField = QStringLiteral("Stream address");
-const QString nameField = QStringLiteral("Movie or Playlist Name (optional)");
-const QString addName = QStringLiteral("Add an optional movie or playlist name");
-const QString hideName = QStringLiteral("Hide movie or playlist name");
 const QString openButton = QStringLiteral("Open the stream manually");
 const QString clearButton = QStringLiteral("Clear playlist and stop network playback");
-const QString searchField = QStringLiteral("Search channels");
 const QString countries = QStringLiteral("Countries");
 const QString category = QStringLiteral("Category");
 const QString save = QStringLiteral("Save to Local M3U");
 const QString saved = QStringLiteral("Saved to Local M3U (Click to re-save)");
 const QString noMatch = QStringLiteral("No channel matches.");
-const QString path = QStringLiteral("/list.m3u");
 
 QString count(int shown, int total)
 {
@@ -33,11 +26,6 @@ QString playHelp(const QString &name)
     return QStringLiteral("Play ") + name;
 }
 
-const QByteArray fewChannels = "#EXTM3U\n"
-                               "#EXTINF:-1 tvg-country=\"DE\" group-title=\"News\",One\n/1.m3u8\n"
-                               "#EXTINF:-1 tvg-country=\"AT\" group-title=\"Sports\",Two\n/2.m3u8\n"
-                               "#EXTINF:-1,Three news\n/3.m3u8\n";
-
 QByteArray manyChannels(int channels)
 {
     QByteArray list = "#EXTM3U\n";
@@ -46,47 +34,6 @@ QByteArray manyChannels(int channels)
             + ".m3u8\n";
     return list;
 }
-
-struct Panel : ContentWindow {
-    TestServer server { folder.path() };
-    Driver user = driver();
-
-    explicit Panel(const QByteArray &list = fewChannels)
-    {
-        server.serve(path, list);
-        view.controlBar()->toggleSidebar();
-    }
-
-    bool isUp()
-    {
-        return ContentWindow::isUp()
-            && QTest::qWaitFor(
-                [this] {
-                    return user.focused() == addressField && user.shows(addressField)
-                        && user.pointIn(addressField, 0).x() == 10;
-                },
-                patience);
-    }
-    /// Opens the list, and waits until its channels are there.
-    bool showsList()
-    {
-        view.setAddress(server.url(path).toString());
-        view.openStream();
-        return isUp()
-            && QTest::qWaitFor(
-                [this] { return view.channels()->networkChannels()->count() > 0; }, patience)
-            && QTest::qWaitForWindowExposed(window, patience);
-    }
-    void type(const QString &text) const
-    {
-        for (const QChar letter : text)
-            QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, letter, {});
-    }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        QTest::keyClick(window, key, modifiers);
-    }
-};
 
 } // namespace
 
@@ -176,84 +123,6 @@ private Q_SLOTS:
         QVERIFY(test.isUp());
         test.type(QStringLiteral("a "));
         QCOMPARE(test.user.find(addressField)->property("text").toString(), QStringLiteral("a"));
-    }
-
-    void aHeldKeyOpensNothing()
-    {
-        Panel test;
-        QVERIFY(test.isUp());
-        test.type(QStringLiteral("ftp://h"));
-        for (const Qt::Key key : { Qt::Key_Return, Qt::Key_Enter })
-            QTest::simulateEvent(test.window, true, key, {}, QStringLiteral("\r"), true);
-        QVERIFY(test.model.errorMessage().isEmpty());
-        test.key(Qt::Key_Return);
-        QVERIFY(!test.model.errorMessage().isEmpty());
-    }
-
-    void theKeysComeBack()
-    {
-        Panel test;
-        QVERIFY(test.isUp());
-        QWindow other;
-        other.resize(100, 100);
-        other.show();
-        other.requestActivate();
-        QTRY_VERIFY(QGuiApplication::focusWindow() == &other);
-        QTRY_VERIFY(!test.view.isStreamAddressFocused());
-        test.window->requestActivate();
-        QTRY_COMPARE(test.user.focused(), addressField);
-        QVERIFY(test.view.isStreamAddressFocused());
-        // Just as after a menu.
-        test.user.click(QStringLiteral("Video display mode"));
-        QTRY_VERIFY(!test.view.isStreamAddressFocused());
-        test.key(Qt::Key_Escape);
-        QTRY_COMPARE(test.user.focused(), addressField);
-    }
-
-    void aSectionThatIsLeftHasNoKeys()
-    {
-        Panel test;
-        QVERIFY(test.showsList());
-        QTRY_VERIFY(!test.model.isLoading());
-        const QString address = test.view.address();
-        test.user.click(QStringLiteral("Local M3U"));
-        QTRY_VERIFY(!test.user.shows(addressField));
-        test.key(Qt::Key_Return);
-        test.type(QStringLiteral("x"));
-        QVERIFY(!test.model.isLoading());
-        QCOMPARE(test.view.address(), address);
-        test.key(Qt::Key_Space); // Which is the player's again.
-        QVERIFY(!test.model.toastMessage().isEmpty());
-    }
-
-    void aSidebarThatIsClosedHasNoKeys()
-    {
-        Panel test;
-        QVERIFY(test.showsList());
-        QTRY_VERIFY(test.user.shows(searchField));
-        test.user.click(searchField);
-        QCOMPARE(test.user.focused(), searchField);
-        QTest::mouseClick(test.window, Qt::LeftButton, {}, { 780, 20 });
-        QVERIFY(!test.view.showSidebar());
-        test.key(Qt::Key_Space);
-        QVERIFY(!test.model.toastMessage().isEmpty());
-        QCOMPARE(test.view.channels()->channelSearch(), QString());
-    }
-
-    void aNameFieldThatIsHiddenHasNoKeys()
-    {
-        Panel test;
-        QVERIFY(test.isUp());
-        test.user.click(addName);
-        QTRY_VERIFY(test.user.shows(nameField));
-        test.user.click(nameField);
-        test.type(QStringLiteral("Mine"));
-        QCOMPARE(test.view.movieName(), QStringLiteral("Mine"));
-        test.user.click(hideName);
-        QTRY_VERIFY(!test.user.shows(nameField));
-        test.key(Qt::Key_Space);
-        QVERIFY(!test.model.toastMessage().isEmpty());
-        QCOMPARE(test.view.movieName(), QStringLiteral("Mine"));
     }
 
     void theNameIsOptional()
