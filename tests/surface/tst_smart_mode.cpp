@@ -53,6 +53,17 @@ QRectF faceAround(double middle)
     return { middle - 0.05, 0.4, 0.1, 0.2 };
 }
 
+/// Shows a clip in the smart mode, whose detector is not ready until told so.
+std::shared_ptr<Detector> detectorInPreparation(VideoWindow &video)
+{
+    const auto detector = finding({ faceAround(0.25) });
+    detector->ready = false;
+    video.hostingView().setFaceDetector(detector);
+    video.open(QStringLiteral("grid.mkv"));
+    video.view().setDisplayMode(Mode::Smart);
+    return detector;
+}
+
 /// From where to where a row of a picture is not green. In the clips with faces that is the large
 /// photograph.
 struct Extent {
@@ -284,11 +295,7 @@ void SmartModeTest::leavingKeepsThePictureNew()
 {
     VideoWindow video(size);
     PlayerHostingView &view = video.hostingView();
-    const auto detector = finding({ faceAround(0.25) });
-    detector->ready = false;
-    view.setFaceDetector(detector);
-    video.open(QStringLiteral("grid.mkv"));
-    video.view().setDisplayMode(Mode::Smart);
+    const auto detector = detectorInPreparation(video);
     QTRY_VERIFY(view.videoOutput()->hasNewPixelBuffer());
     detector->ready = true;
     fireTimer(view);
@@ -353,11 +360,7 @@ void SmartModeTest::picturesWaitForTheDetector()
 {
     VideoWindow video(size);
     PlayerHostingView &view = video.hostingView();
-    const auto detector = finding({ faceAround(0.25) });
-    detector->ready = false;
-    view.setFaceDetector(detector);
-    video.open(QStringLiteral("grid.mkv"));
-    video.view().setDisplayMode(Mode::Smart);
+    const auto detector = detectorInPreparation(video);
     QTRY_VERIFY(view.videoOutput()->hasNewPixelBuffer());
     letTimerFire(view, 2);
     QCOMPARE(detector->calls, 0);
